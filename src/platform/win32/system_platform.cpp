@@ -1,0 +1,130 @@
+#include <windows.h>
+
+#include <algorithm>
+
+#include "platform/platform.h"
+
+namespace conmuta {
+namespace {
+
+class WindowsClock final : public Clock {
+ public:
+  CivilDate Today() const override {
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    return {now.wYear, now.wMonth, now.wDay};
+  }
+};
+
+// The system's ANSI code page.
+class SystemCodePage final : public CodePage {
+ public:
+  std::string ToBytes(TextView text) const override {
+    if (text.empty()) return {};
+    // UTF-8 takes neither the flag nor a replacement; it has no character to replace.
+    const bool is_utf8 = GetACP() == CP_UTF8;
+    const DWORD flags = is_utf8 ? 0 : WC_NO_BEST_FIT_CHARS;
+    const char* replacement = is_utf8 ? nullptr : "?";
+    const auto* source = reinterpret_cast<const wchar_t*>(text.data());
+    const int length = static_cast<int>(text.size());
+    const int size =
+        WideCharToMultiByte(CP_ACP, flags, source, length, nullptr, 0, replacement, nullptr);
+    std::string bytes(static_cast<std::size_t>(std::max(size, 0)), '\0');
+    WideCharToMultiByte(CP_ACP, flags, source, length, bytes.data(), size, replacement, nullptr);
+    return bytes;
+  }
+
+  Text FromBytes(std::string_view bytes) const override {
+    if (bytes.empty()) return {};
+    const int length = static_cast<int>(bytes.size());
+    const int size = MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0);
+    Text text(static_cast<std::size_t>(std::max(size, 0)), kNul);
+    MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, reinterpret_cast<wchar_t*>(text.data()),
+                        size);
+    return text;
+  }
+};
+
+class FileHandle {
+ public:
+  explicit FileHandle(HANDLE handle) : handle_(handle) {}
+  ~FileHandle() { Close(); }
+  FileHandle(const FileHandle&) = delete;
+  FileHandle& operator=(const FileHandle&) = delete;
+
+  explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
+  HANDLE get() const { return handle_; }
+  void Close() {
+    if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
+    handle_ = INVALID_HANDLE_VALUE;
+  }
+
+ private:
+  HANDLE handle_;
+};
+
+// A terminated path for the system; empty, which names no file, when the path holds a NUL.
+class NativePath {
+ public:
+  explicit NativePath(TextView path) {
+    if (path.find(kNul) == TextView::npos) path_.assign(path.begin(), path.end());
+  }
+  const wchar_t* get() const { return path_.c_str(); }
+
+ private:
+  std::wstring path_;
+};
+
+class WindowsFiles final : public FileSystem {
+ public:
+  std::optional<std::uint32_t> Attributes(TextView path) override {
+    const DWORD attributes = GetFileAttributesW(NativePath(path).get());
+    if (attributes == INVALID_FILE_ATTRIBUTES) return std::nullopt;
+    return attributes;
+  }
+
+  std::optional<FileContent> Read(TextView path, std::size_t limit) override {
+    const FileHandle file(CreateFileW(NativePath(path).get(), GENERIC_READ, FILE_SHARE_READ,
+                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    LARGE_INTEGER size;
+    if (!file || !GetFileSizeEx(file.get(), &size)) return std::nullopt;
+    FileContent content;
+    content.size = static_cast<std::uint64_t>(size.QuadPart);
+    content.bytes.resize(static_cast<std::size_t>(std::min<std::uint64_t>(content.size, limit)));
+    DWORD read = 0;
+    if (!ReadFile(file.get(), content.bytes.data(), static_cast<DWORD>(content.bytes.size()), &read,
+                  nullptr)) {
+      return std::nullopt;
+    }
+    content.bytes.resize(read);
+    return content;
+  }
+
+  bool Write(TextView path, std::string_view bytes) override {
+    const NativePath name(path);
+    FileHandle file(CreateFileW(name.get(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                FILE_ATTRIBUTE_ARCHIVE, nullptr));
+    if (!file) return false;
+    DWORD written = 0;
+    const bool complete =
+        WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+        written == bytes.size();
+    file.Close();
+    if (!complete) DeleteFileW(name.get());
+    return complete;
+  }
+
+  bool Remove(TextView path) override { return DeleteFileW(NativePath(path).get()) != 0; }
+};
+
+}  // namespace
+
+const Platform& SystemPlatform() {
+  static WindowsFiles files;
+  static const WindowsClock clock;
+  static const SystemCodePage code_page;
+  static const Platform platform{files, clock, code_page};
+  return platform;
+}
+
+}  // namespace conmuta

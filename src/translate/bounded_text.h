@@ -1,0 +1,33 @@
+// The texts of a call record: short, without NULs, never on the heap.
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "platform/text.h"
+
+namespace conmuta {
+
+template <std::size_t kWidth>
+class BoundedText {
+ public:
+  BoundedText() = default;
+  BoundedText(TextView value) { *this = value; }
+
+  // The first kWidth characters of the value, less the NULs among them.
+  BoundedText& operator=(TextView value) {
+    size_ = 0;
+    for (const char16_t c : value.substr(0, kWidth)) {
+      if (c != kNul) characters_[size_++] = c;
+    }
+    return *this;
+  }
+
+  operator TextView() const { return {characters_.data(), size_}; }
+
+ private:
+  std::size_t size_ = 0;
+  std::array<char16_t, kWidth> characters_;  // only the first size_ count
+};
+
+}  // namespace conmuta

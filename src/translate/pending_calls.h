@@ -1,0 +1,38 @@
+// Calls whose transfer has begun and not yet ended, kept by the trunk they came or went by.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "translate/clsLlamadaTRD.h"
+
+namespace conmuta {
+
+// Slots 1 to 100, each empty or with a record of its own. A record of undefined type is free.
+class PendingCalls {
+ public:
+  static constexpr std::int16_t kSlots = 100;
+
+  // Keeps a copy: in the first slot that is free or holds a call on the same trunk, else in the
+  // first empty one. Hosts rely on the trunk being compared exactly here, and on a call that finds
+  // all slots taken being dropped.
+  void Park(const clsLlamadaTRD& call);
+
+  // The first slot whose call is on that trunk, or 0. Letter case and blanks around `trunk` do not
+  // count; blanks in the parked call's own trunk do.
+  std::int16_t Find(TextView trunk) const;
+
+  // Marks a slot's record as free. Anything but the number of a slot with a record is ignored.
+  void Free(std::int16_t slot);
+
+  // The record in a slot that Find gave.
+  clsLlamadaTRD& operator[](std::int16_t slot) {
+    return *slots_[static_cast<std::size_t>(slot - 1)];
+  }
+
+ private:
+  std::array<std::optional<clsLlamadaTRD>, kSlots> slots_;
+};
+
+}  // namespace conmuta
