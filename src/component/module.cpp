@@ -1,0 +1,74 @@
+#include "component/module.h"
+
+#include <atomic>
+
+namespace conmuta::component::module {
+namespace {
+
+std::atomic<long> users = 0;
+HINSTANCE instance = nullptr;
+
+SRWLOCK library_lock = SRWLOCK_INIT;
+ITypeLib* library = nullptr;  // kept until the DLL goes
+
+HRESULT Library(ComPtr<ITypeLib>& loaded) {
+  AcquireSRWLockExclusive(&library_lock);
+  const HRESULT result =
+      library != nullptr ? S_OK : LoadTypeLibEx(Path().c_str(), REGKIND_NONE, &library);
+  if (SUCCEEDED(result)) loaded = ComPtr<ITypeLib>(library);
+  ReleaseSRWLockExclusive(&library_lock);
+  return result;
+}
+
+}  // namespace
+
+void Lock() {
+  ++users;
+}
+void Unlock() {
+  --users;
+}
+bool IsInUse() {
+  return users != 0;
+}
+
+HINSTANCE Instance() {
+  return instance;
+}
+
+std::wstring Path() {
+  std::wstring path(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD length = GetModuleFileNameW(instance, path.data(), static_cast<DWORD>(path.size()));
+    if (length < path.size()) {
+      path.resize(length);
+      return path;
+    }
+    path.resize(path.size() * 2);
+  }
+}
+
+HRESULT TypeInfoOf(REFGUID guid, ITypeInfo** info) {
+  ComPtr<ITypeLib> loaded;
+  const HRESULT result = Library(loaded);
+  return FAILED(result) ? result : loaded->GetTypeInfoOfGuid(guid, info);
+}
+
+void Attach(HINSTANCE dll) {
+  instance = dll;
+  DisableThreadLibraryCalls(dll);
+}
+
+void Detach() {
+  if (library != nullptr) library->Release();
+  library = nullptr;
+}
+
+}  // namespace conmuta::component::module
+
+BOOL WINAPI DllMain(HINSTANCE dll, DWORD reason, void* process_ends) {
+  using namespace conmuta::component;
+  if (reason == DLL_PROCESS_ATTACH) module::Attach(dll);
+  if (reason == DLL_PROCESS_DETACH && process_ends == nullptr) module::Detach();
+  return TRUE;
+}
