@@ -169,8 +169,12 @@ class CfgConmut final : public Base, private ConfigListener {
   STDMETHODIMP GuardarComo(BSTR cadArch) override {
     return Do([&] { config_.GuardarComo(View(cadArch)); });
   }
-  STDMETHODIMP Importar(BSTR) override { return ReportPlain(E_NOTIMPL); }
-  STDMETHODIMP Exportar(BSTR) override { return ReportPlain(E_NOTIMPL); }
+  STDMETHODIMP Importar(BSTR cadArch) override {
+    return Do([&] { config_.Importar(View(cadArch)); });
+  }
+  STDMETHODIMP Exportar(BSTR cadArch) override {
+    return Do([&] { config_.Exportar(View(cadArch)); });
+  }
   STDMETHODIMP MostrarInformacionConfiguracion() override { return ReportPlain(E_NOTIMPL); }
   STDMETHODIMP get_TamMaxSeparador(SHORT* valor) override {
     return Get(valor, [] { return clsCfgConmut::kTamMaxSeparador; });

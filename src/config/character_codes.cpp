@@ -1,5 +1,8 @@
 #include "config/character_codes.h"
 
+#include "platform/number.h"
+#include "platform/pieces.h"
+
 namespace conmuta::basConmuta {
 
 Text CadenaACodigos(const CodePage& code_page, TextView text, int count) {
@@ -9,6 +12,19 @@ Text CadenaACodigos(const CodePage& code_page, TextView text, int count) {
     codes += u',';
   }
   return codes;
+}
+
+Text CodigosACadena(const CodePage& code_page, TextView list) {
+  constexpr std::size_t kMostCharacters = 3;
+  constexpr std::int64_t kFirstRefused = 255;
+  Text text;
+  for (Pieces pieces(list); const auto piece = pieces.Next();) {
+    if (piece->size() > kMostCharacters) continue;
+    const auto code = ReadWholeNumber(*piece);
+    if (!code || *code < 0 || *code >= kFirstRefused) continue;
+    text += CharacterOfCode(code_page, static_cast<unsigned char>(*code));
+  }
+  return text;
 }
 
 }  // namespace conmuta::basConmuta

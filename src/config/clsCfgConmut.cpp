@@ -182,31 +182,4 @@ void clsCfgConmut::Constante(TextView value) {
   ReleaseUnlessValid(slot);
 }
 
-void clsCfgConmut::PinIZQ(std::int16_t pin) {
-  if (active_pair_ != emNoPuerto && pin >= 1 && pin <= LeftPins(active_pair_)) left_pin_ = pin;
-}
-
-void clsCfgConmut::PinDER(std::int16_t pin) {
-  if (active_pair_ != emNoPuerto && pin >= 1 && pin <= LeftPins(active_pair_)) right_pin_ = pin;
-}
-
-bool clsCfgConmut::PinsAreValid() const {
-  return active_pair_ != emNoPuerto && left_pin_ >= 1 && left_pin_ <= LeftPins(active_pair_) &&
-         right_pin_ >= 1 && right_pin_ <= RightPins(active_pair_);
-}
-
-bool clsCfgConmut::PinesConectados() const {
-  if (!PinsAreValid() || !IsConnectorPair(active_pair_)) return false;
-  return IsWired(header_.Cables.Table(active_pair_), left_pin_, right_pin_);
-}
-
-void clsCfgConmut::PinesConectados(bool wired) {
-  if (!PinsAreValid()) return;
-  if (IsConnectorPair(active_pair_) &&
-      !SetWired(header_.Cables.Table(active_pair_), left_pin_, right_pin_, wired)) {
-    return;
-  }
-  NotifyChange();
-}
-
 }  // namespace conmuta

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "cable/cable_editor.h"
 #include "config/header.h"
 #include "config/slot_list.h"
 #include "platform/platform.h"
@@ -124,6 +125,10 @@ class clsCfgConmut {
   bool PinesConectados() const;
   void PinesConectados(bool wired);
 
+  // Shows the wiring in an editor and takes it over when the user accepts. PuertoActivo is 4
+  // afterwards. Each wire that changes raises Cambios.
+  void EDConfigSeriales(bool bolMod, const CableEditorFactory& make_editor);
+
   // Replaces the configuration by the content of a file and raises ConfiguracionCargada.
   // ConfigError 1501 when there is no such file or it lacks the archive attribute, 1505 when it is
   // no configuration, code 0 for a blank path; the configuration is then as it was.
@@ -133,11 +138,22 @@ class clsCfgConmut {
   // separator is missing, 1500 when the file cannot be written; an existing file is gone then.
   void GuardarComo(TextView cadArch);
 
+  // Writes the text exchange file anew. ConfigError 1501 for a blank path, 1503 when a value cannot
+  // be written; the values before it stay in the file.
+  void Exportar(TextView cadArch);
+
+  // Reads a text exchange file over the configuration: what the file does not name stays. Only the
+  // standard case is taken. ConfigError 1504 naming the first header value that is wrong, those
+  // before it being replaced by then; bad wiring counts as 0, bad items and constants are skipped.
+  void Importar(TextView cadArch);
+
  private:
   void Reset();
   void NotifyChange();
   void WriteName(FixedText<50>& field, TextView value);
   bool PinsAreValid() const;
+  class EditorClient;
+  void ifrmPuertos_Actualizar(CableEditor& editor);
 
   template <class Slot>
   static std::uint8_t ReadByte(const SlotList<Slot>& list, typename Slot::Kind active,
@@ -148,6 +164,7 @@ class clsCfgConmut {
 
   bool LeeCfgActual(TextView path);
   bool LeeCfgVersion2(TextView path);
+  void ReadExchange(TextView path, TextView& detail);
 
   const Platform& platform_;
   ConfigListener* listener_ = nullptr;

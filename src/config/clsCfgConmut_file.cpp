@@ -2,20 +2,12 @@
 #include <algorithm>
 
 #include "config/clsCfgConmut.h"
+#include "config/config_errors.h"
 #include "config/config_file.h"
 #include "config/config_file_v2.h"
-#include "config/descriptions.h"
 
 namespace conmuta {
 namespace {
-
-constexpr std::uint32_t kErrorBase = 0x80040000;
-
-ConfigError MakeError(emErroresConfig code, TextView method, TextView detail = {}) {
-  return ConfigError(kErrorBase + static_cast<std::uint32_t>(code),
-                     Text(u"clsConfigConmut.").append(method),
-                     Text(ObtMensajeError(code)).append(detail));
-}
 
 template <class Slot>
 std::int16_t CountValid(const SlotList<Slot>& list) {
@@ -34,10 +26,10 @@ void AppendValid(std::string& bytes, const SlotList<Slot>& list, const CodePage&
 
 void clsCfgConmut::GuardarComo(TextView cadArch) {
   // Hosts rely on this error naming Exportar, not GuardarComo.
-  if (Trim(cadArch).empty()) throw MakeError(emErrorNoHayArchivo, u"Exportar");
+  if (Trim(cadArch).empty()) throw MakeConfigError(emErrorNoHayArchivo, u"Exportar");
   if (header_.Caso == emNoCaso || header_.Marca.Empty() || header_.Modelo.Empty() ||
       header_.Separador.Empty()) {
-    throw MakeError(emErrorConfigDatosIncompletos, u"GuardarComo");
+    throw MakeConfigError(emErrorConfigDatosIncompletos, u"GuardarComo");
   }
 
   FileHeader header{header_, CountValid(datos_), CountValid(ctes_)};
@@ -48,13 +40,14 @@ void clsCfgConmut::GuardarComo(TextView cadArch) {
   AppendValid(bytes, ctes_, platform_.code_page);
 
   platform_.files.Remove(cadArch);  // one that stays makes the write fail
-  if (!platform_.files.Write(cadArch, bytes)) throw MakeError(emErrorConfigNoHay, u"GuardarComo");
+  if (!platform_.files.Write(cadArch, bytes))
+    throw MakeConfigError(emErrorConfigNoHay, u"GuardarComo");
   modified_ = false;
 }
 
 void clsCfgConmut::Abrir(TextView cadArch) {
   const auto error = [&](emErroresConfig code) {
-    return MakeError(code, u"Abrir", Text(kLineBreak).append(u" Archivo :").append(cadArch));
+    return MakeConfigError(code, u"Abrir", Text(kLineBreak).append(u" Archivo :").append(cadArch));
   };
   if (Trim(cadArch).empty()) throw error(emNoErrorConfig);
   // Hosts rely on files without the archive attribute being passed over.

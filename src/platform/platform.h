@@ -4,6 +4,7 @@
 #include "platform/clock.h"
 #include "platform/code_page.h"
 #include "platform/files.h"
+#include "platform/profile.h"
 
 namespace conmuta {
 
@@ -11,6 +12,7 @@ struct Platform {
   FileSystem& files;
   const Clock& clock;
   const CodePage& code_page;
+  ProfileSystem& profiles;
 };
 
 // The machine itself. Lives as long as the process; may be used from any thread.

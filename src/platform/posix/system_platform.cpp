@@ -8,6 +8,7 @@
 
 #include "platform/platform.h"
 #include "platform/posix/native_path.h"
+#include "platform/text_profile.h"
 
 namespace conmuta {
 namespace {
@@ -115,7 +116,8 @@ const Platform& SystemPlatform() {
   static PosixFiles files;
   static const PosixClock clock;
   static const Windows1252 code_page;
-  static const Platform platform{files, clock, code_page};
+  static TextProfiles profiles(files, code_page);
+  static const Platform platform{files, clock, code_page, profiles};
   return platform;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/platform.h"
+#include "platform/win32/system_profile.h"
 
 namespace conmuta {
 namespace {
@@ -123,7 +124,8 @@ const Platform& SystemPlatform() {
   static WindowsFiles files;
   static const WindowsClock clock;
   static const SystemCodePage code_page;
-  static const Platform platform{files, clock, code_page};
+  static SystemProfiles profiles(code_page);
+  static const Platform platform{files, clock, code_page, profiles};
   return platform;
 }
 
