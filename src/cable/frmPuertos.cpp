@@ -1,0 +1,123 @@
+#include "cable/frmPuertos.h"
+
+#include "platform/number.h"
+#include "platform/pieces.h"
+
+namespace conmuta {
+
+void frmPuertos::Caption(TextView caption) {
+  caption_ = caption;
+  view_.Update();
+}
+
+void frmPuertos::Conmutador(TextView name) {
+  switch_label_ = Text(u"Conmutador").append(kLineBreak).append(name);
+  view_.Update();
+}
+
+void frmPuertos::Modificar(bool may_edit) {
+  may_edit_ = may_edit;
+  view_.Update();
+}
+
+void frmPuertos::PuertoActivo(emPuertoSerial pair) {
+  pair_ = pair;
+  if (IsConnectorPair(pair)) ChoosePair(pair);
+}
+
+// The mask that PinIZQ addresses in the pair's table, or null.
+WiringMask* frmPuertos::CurrentMask() {
+  if (!IsConnectorPair(pair_) || left_pin_ < 1 || left_pin_ > LeftPins(pair_)) return nullptr;
+  return &wiring_.Table(pair_)[static_cast<std::size_t>(left_pin_)];
+}
+
+bool frmPuertos::PinesConectados() const {
+  const WiringMask* mask = const_cast<frmPuertos*>(this)->CurrentMask();
+  return mask != nullptr && right_pin_ >= 1 && right_pin_ <= RightPins(pair_) &&
+         (*mask & PinMask(right_pin_)) != 0;
+}
+
+void frmPuertos::PinesConectados(bool wired) {
+  if (CurrentMask() == nullptr || right_pin_ < 1 || right_pin_ > RightPins(pair_)) return;
+  SetWired(wiring_.Table(pair_), left_pin_, right_pin_, wired);
+}
+
+void frmPuertos::Show(ifrmPuertos& client) {
+  client_ = &client;
+  view_.Run(*this);
+  client_ = nullptr;
+}
+
+Text frmPuertos::ListOf(WiringMask mask) const {
+  Text list;
+  for (int pin = 1; pin <= RightPins(pair_); ++pin) {
+    if ((mask & PinMask(pin)) != 0) list.append(ToText(pin)).append(u",");
+  }
+  return list;
+}
+
+// Emptying the list this way is not the user's doing: the wiring stays.
+void frmPuertos::ShowNoList() {
+  list_enabled_ = false;
+  list_text_.clear();
+}
+
+void frmPuertos::TypeLeftPin(TextView text) {
+  pin_text_ = text;
+  const auto pin = ReadWholeNumber(text);
+  pin_is_shown_ = pin && *pin > 0 && *pin <= LeftPins(option_);
+  if (pin_is_shown_) left_pin_ = static_cast<std::int16_t>(*pin);
+  if (pin_is_shown_ && may_edit_) {
+    const WiringMask* mask = CurrentMask();
+    list_text_ = mask != nullptr ? ListOf(*mask) : Text();
+    list_enabled_ = true;
+  } else {
+    ShowNoList();
+  }
+  view_.Update();
+}
+
+void frmPuertos::TypeConnectedPins(TextView text) {
+  list_text_ = text;
+  if (WiringMask* mask = CurrentMask()) {
+    *mask = 0;
+    for (Pieces pieces(text); const auto piece = pieces.Next();) {
+      const auto pin = ReadWholeNumber(*piece);
+      if (!pin || *pin <= 0 || *pin > RightPins(pair_)) continue;
+      right_pin_ = static_cast<std::int16_t>(*pin);
+      *mask |= PinMask(right_pin_);
+    }
+  }
+  view_.Update();
+}
+
+void frmPuertos::ChoosePair(emPuertoSerial pair) {
+  pin_text_.clear();
+  pin_is_shown_ = false;
+  ShowNoList();
+  option_ = pair;
+  pair_ = pair;
+  view_.Update();
+}
+
+void frmPuertos::PickLeftPin(int pin) {
+  TypeLeftPin(ToText(pin));
+}
+
+void frmPuertos::ToggleWire(int left, int right) {
+  if (!may_edit_) return;
+  PickLeftPin(left);
+  if (const WiringMask* mask = CurrentMask()) TypeConnectedPins(ListOf(*mask ^ PinMask(right)));
+}
+
+void frmPuertos::Accept() {
+  if (!may_edit_) return;
+  if (client_ != nullptr) client_->Actualizar();
+  view_.Close();
+}
+
+void frmPuertos::Cancel() {
+  view_.Close();
+}
+
+}  // namespace conmuta
