@@ -9,7 +9,7 @@
 namespace conmuta {
 
 // Nothing here reports an error: a bad left pin disables the list, bad pieces of it are dropped.
-class frmPuertos final : public CableEditor {
+class frmPuertos : public CableEditor {
  public:
   // What shows the editor. It reads the controls' state from the editor.
   class View {

@@ -2,6 +2,9 @@
 #include "component/event_source.h"
 #include "component/objects.h"
 #include "config/descriptions.h"
+#include "ui/reports.h"
+#include "ui/win32/cable_window.h"
+#include "ui/win32/info_window.h"
 
 namespace conmuta::component {
 namespace {
@@ -175,7 +178,12 @@ class CfgConmut final : public Base, private ConfigListener {
   STDMETHODIMP Exportar(BSTR cadArch) override {
     return Do([&] { config_.Exportar(View(cadArch)); });
   }
-  STDMETHODIMP MostrarInformacionConfiguracion() override { return ReportPlain(E_NOTIMPL); }
+  STDMETHODIMP MostrarInformacionConfiguracion() override {
+    return Do([&] {
+      win32::InfoWindowView view;
+      conmuta::MostrarInformacionConfiguracion(config_, view);
+    });
+  }
   STDMETHODIMP get_TamMaxSeparador(SHORT* valor) override {
     return Get(valor, [] { return clsCfgConmut::kTamMaxSeparador; });
   }
@@ -189,7 +197,11 @@ class CfgConmut final : public Base, private ConfigListener {
     return GetText(
         valor, [&] { return basConmuta::DescCTE(To<conmuta::emParamDatoConstante>(emParamC)); });
   }
-  STDMETHODIMP EDConfigSeriales(VARIANT_BOOL*) override { return ReportPlain(E_NOTIMPL); }
+  STDMETHODIMP EDConfigSeriales(VARIANT_BOOL* bolMod) override {
+    // Left out by a host, the argument may arrive as null.
+    const bool may_edit = bolMod != nullptr && *bolMod != VARIANT_FALSE;
+    return Do([&] { config_.EDConfigSeriales(may_edit, win32::MakeCableEditor); });
+  }
 
  private:
   void* Find(REFIID iid) override {

@@ -1,6 +1,8 @@
 // clsTradEST as hosts see it.
 #include "component/objects.h"
 #include "translate/clsTradEST.h"
+#include "ui/reports.h"
+#include "ui/win32/info_window.h"
 
 namespace conmuta::component {
 namespace {
@@ -40,7 +42,12 @@ class TradEST final : public Base {
   STDMETHODIMP TraduceNortelNorstar0x32SMDR6() override {
     return Do([&] { translator_->TraduceNortelNorstar0x32SMDR6(); });
   }
-  STDMETHODIMP MuestraInfoTrad() override { return ReportPlain(E_NOTIMPL); }
+  STDMETHODIMP MuestraInfoTrad() override {
+    return Do([&] {
+      win32::InfoWindowView view;
+      conmuta::MuestraInfoTrad(*translator_, SystemMonthNames(), view);
+    });
+  }
   STDMETHODIMP AltaLlamadaLista() override {
     return Do([&] { translator_->AltaLlamadaLista(); });
   }

@@ -1,0 +1,58 @@
+// Owning types for what GDI hands out, and measures of text.
+#pragma once
+
+#include <windows.h>
+
+#include <utility>
+
+#include "platform/text.h"
+
+namespace conmuta::win32 {
+
+// A GDI object that is deleted when it goes.
+template <class Handle>
+class GdiObject {
+ public:
+  GdiObject() = default;
+  explicit GdiObject(Handle handle) : handle_(handle) {}
+  GdiObject(GdiObject&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
+  GdiObject& operator=(GdiObject&& other) noexcept {
+    std::swap(handle_, other.handle_);
+    return *this;
+  }
+  ~GdiObject() {
+    if (handle_ != nullptr) DeleteObject(handle_);
+  }
+
+  Handle get() const { return handle_; }
+
+ private:
+  Handle handle_ = nullptr;
+};
+
+using Font = GdiObject<HFONT>;
+using Pen = GdiObject<HPEN>;
+using Brush = GdiObject<HBRUSH>;
+using Bitmap = GdiObject<HBITMAP>;
+
+// Selects an object for as long as it lives.
+class Selection {
+ public:
+  Selection(HDC dc, HGDIOBJ object) : dc_(dc), previous_(SelectObject(dc, object)) {}
+  ~Selection() { SelectObject(dc_, previous_); }
+  Selection(const Selection&) = delete;
+  Selection& operator=(const Selection&) = delete;
+
+ private:
+  HDC dc_;
+  HGDIOBJ previous_;
+};
+
+// The system's message font, and a fixed-pitch one of its size.
+Font MessageFont(UINT dpi);
+Font FixedPitchFont(UINT dpi);
+
+// Size of a text, the longest of its lines and all of them, in a font.
+SIZE MeasureText(HFONT font, TextView text);
+
+}  // namespace conmuta::win32
