@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/text.h"
 
@@ -38,6 +39,23 @@ class FileSystem {
   virtual bool Write(TextView path, std::string_view bytes) = 0;
 
   virtual bool Remove(TextView path) = 0;
+
+  // Replaces the target; false when that fails.
+  virtual bool Copy(TextView from, TextView to) = 0;
+
+  // Names of the files and directories that match a path whose last part may hold "*", in the
+  // order of the file system.
+  virtual std::vector<Text> List(TextView pattern) = 0;
+
+  // Why the last operation of this thread failed, in the system's words.
+  virtual Text LastError() const = 0;
+
+  virtual Text CurrentDirectory() const = 0;
+  virtual void CurrentDirectory(TextView path) = 0;
+
+  // Whether the file can be opened for reading. A directory, a locked file and one without read
+  // rights count as missing.
+  bool Exists(TextView path) { return Read(path, 0).has_value(); }
 };
 
 }  // namespace conmuta

@@ -1,10 +1,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <ctime>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 
 #include "platform/platform.h"
 #include "platform/posix/native_path.h"
@@ -107,6 +111,46 @@ class PosixFiles final : public FileSystem {
   bool Remove(TextView path) override {
     const auto name = NativePath(path);
     return name && unlink(name->c_str()) == 0;
+  }
+
+  bool Copy(TextView from, TextView to) override {
+    const auto content = Read(from, SIZE_MAX);
+    return content && Write(to, content->bytes);
+  }
+
+  std::vector<Text> List(TextView pattern) override {
+    const std::size_t slash = pattern.rfind(u'/');
+    const TextView folder = slash != TextView::npos ? pattern.substr(0, slash + 1) : u"./";
+    const TextView name_pattern = pattern.substr(slash + 1);
+    const std::size_t star = name_pattern.find(u'*');
+    const TextView begin = name_pattern.substr(0, star);
+    const TextView end = star != TextView::npos ? name_pattern.substr(star + 1) : TextView();
+    std::vector<Text> names;
+    const auto path = NativePath(folder);
+    std::error_code error;
+    if (!path) return names;
+    for (const auto& entry : std::filesystem::directory_iterator(*path, error)) {
+      Text name = entry.path().filename().u16string();
+      const bool matches = star == TextView::npos
+                               ? name == name_pattern
+                               : name.size() >= begin.size() + end.size() &&
+                                     name.starts_with(begin) && name.ends_with(end);
+      if (matches) names.push_back(std::move(name));
+    }
+    return names;
+  }
+
+  Text LastError() const override {
+    return std::filesystem::path(std::generic_category().message(errno)).u16string();
+  }
+
+  Text CurrentDirectory() const override {
+    std::error_code error;
+    return std::filesystem::current_path(error).u16string();
+  }
+  void CurrentDirectory(TextView path) override {
+    std::error_code error;
+    if (const auto name = NativePath(path)) std::filesystem::current_path(*name, error);
   }
 };
 

@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
 
 #include "platform/platform.h"
 #include "platform/win32/system_profile.h"
@@ -116,6 +117,40 @@ class WindowsFiles final : public FileSystem {
   }
 
   bool Remove(TextView path) override { return DeleteFileW(NativePath(path).get()) != 0; }
+
+  bool Copy(TextView from, TextView to) override {
+    return CopyFileW(NativePath(from).get(), NativePath(to).get(), FALSE) != 0;
+  }
+
+  std::vector<Text> List(TextView pattern) override {
+    std::vector<Text> names;
+    WIN32_FIND_DATAW entry;
+    const HANDLE search = FindFirstFileW(NativePath(pattern).get(), &entry);
+    if (search == INVALID_HANDLE_VALUE) return names;
+    do {
+      const std::wstring_view name(entry.cFileName);
+      names.emplace_back(name.begin(), name.end());
+    } while (FindNextFileW(search, &entry));
+    FindClose(search);
+    return names;
+  }
+
+  Text LastError() const override {
+    std::array<wchar_t, 512> message{};
+    const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+                                        nullptr, GetLastError(), 0, message.data(),
+                                        static_cast<DWORD>(message.size()), nullptr);
+    std::wstring_view text(message.data(), length);
+    while (!text.empty() && text.back() <= L' ') text.remove_suffix(1);  // it ends the line
+    return Text(text.begin(), text.end());
+  }
+
+  Text CurrentDirectory() const override {
+    std::wstring path(GetCurrentDirectoryW(0, nullptr), L'\0');
+    path.resize(GetCurrentDirectoryW(static_cast<DWORD>(path.size()), path.data()));
+    return Text(path.begin(), path.end());
+  }
+  void CurrentDirectory(TextView path) override { SetCurrentDirectoryW(NativePath(path).get()); }
 };
 
 }  // namespace

@@ -21,4 +21,17 @@ inline constexpr int kVDesp = 216;
 inline constexpr int kBtnAceptar = IDOK;
 inline constexpr int kBtnCancelar = IDCANCEL;
 
+// frmConmutador
+inline constexpr int kTvConmutadores = 300;
+inline constexpr int kFrame1 = 301;
+inline constexpr int kEtqArch = 302;
+inline constexpr int kTxtComentarios = 303;  // this window's txtInfo
+inline constexpr int kBtnBuscar = 304;
+inline constexpr int kBtnEliminar = 305;
+inline constexpr int kBtnPuertos = 306;
+inline constexpr int kBtnInstalar = 307;
+inline constexpr int kBtnContraer = 308;
+inline constexpr int kEtqPredeterminado = 309;
+inline constexpr int kBtnDesinstalar = 310;
+
 }  // namespace conmuta::win32

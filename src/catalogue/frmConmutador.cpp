@@ -1,0 +1,389 @@
+#include "catalogue/frmConmutador.h"
+
+#include <limits>
+
+#include "platform/number.h"
+
+namespace conmuta {
+namespace {
+
+constexpr TextView kNoDefault = u"<No hay conmutador predeterminado>";
+constexpr TextView kDefaultToolTip = u"Conmutador predeterminado";
+constexpr TextView kTitle = u"Conmutadores";
+constexpr TextView kErrorTitle = u"Error";
+constexpr TextView kWarningTitle = u"Advertencia";
+
+// Hides the read-only box; path and file must exist; long names.
+constexpr std::uint32_t kOpenFlags = 2103300;
+
+Text RootText(int models) {
+  return Text(u"Conmutadores en Voralix  -  ")
+      .append(ToText(models))
+      .append(u" modelo(s) registrado(s)");
+}
+
+class BusyView {
+ public:
+  explicit BusyView(frmConmutador::View& view) : view_(view) { view_.Busy(true); }
+  ~BusyView() { view_.Busy(false); }
+  BusyView(const BusyView&) = delete;
+  BusyView& operator=(const BusyView&) = delete;
+
+ private:
+  frmConmutador::View& view_;
+};
+
+}  // namespace
+
+frmConmutador::frmConmutador(const Platform& platform, View& view,
+                             std::function<void()> install_event)
+    : platform_(platform),
+      view_(view),
+      install_event_(std::move(install_event)),
+      config_(platform),
+      selected_(&tree_.root()),
+      default_caption_(kNoDefault) {
+  tree_.root().text = RootText(0);
+}
+
+void frmConmutador::Directorio(TextView value) {
+  directory_ = value;
+  if (!directory_.ends_with(u'\\')) directory_ += u'\\';
+  CargaConmutadoresDisponibles();
+  if (!installed_file_.empty()) MarkDefault();
+}
+
+void frmConmutador::ArchivoInstalar(TextView value) {
+  installed_file_ = value;
+  if (!platform_.files.Exists(installed_file_) || directory_.empty()) return;
+  if (tree_.root().children.empty()) CargaConmutadoresDisponibles();
+  if (!tree_.root().children.empty()) MarkDefault();
+}
+
+// --- the files of the catalogue ---
+
+Text frmConmutador::FileOf(std::int32_t number) const {
+  return Text(directory_).append(prefix_).append(ToText(number)).append(u".").append(extension_);
+}
+
+// What stands between prefix and extension, when it is a number.
+std::optional<std::int32_t> frmConmutador::NumberOf(TextView file_name) const {
+  const std::size_t around = prefix_.size() + extension_.size() + 1;
+  if (file_name.size() <= around) return std::nullopt;
+  const auto number = ReadWholeNumber(file_name.substr(prefix_.size(), file_name.size() - around));
+  if (!number || !std::in_range<std::int32_t>(*number)) return std::nullopt;
+  return static_cast<std::int32_t>(*number);
+}
+
+void frmConmutador::CargaConmutadoresDisponibles() {
+  const BusyView busy(view_);
+  scanning_ = true;
+  const Text pattern = Text(directory_).append(prefix_).append(u"*.").append(extension_);
+  for (const Text& name : platform_.files.List(pattern)) {
+    if (name == u"." || name == u"..") continue;
+    const Text path = directory_ + name;
+    // Files without the archive attribute are passed over, good ones too: hosts rely on it.
+    if ((platform_.files.Attributes(path).value_or(0) & kAttributeArchive) == 0) continue;
+    const auto number = NumberOf(name);
+    if (number && OpenQuietly(path)) RegisterScanned(*number);
+  }
+  scanning_ = false;
+  tree_.root().expanded = true;
+  view_.TreeChanged();
+  Select(tree_.root());
+}
+
+bool frmConmutador::OpenQuietly(TextView path, Text* why) {
+  try {
+    config_.Abrir(path);
+    return true;
+  } catch (const ConfigError& error) {
+    if (why != nullptr) *why = error.description();
+  } catch (const OverflowError&) {
+    if (why != nullptr) *why = u"Desbordamiento";
+  }
+  return false;
+}
+
+// --- registering models ---
+
+void frmConmutador::RegisterScanned(std::int32_t number) {
+  if (!config_.HayConfig()) return;
+  if (tree_.FindModel(config_.Marca(), config_.Modelo()) != nullptr)
+    return;  // the first one counts
+  if (tree_.Find(Text(tree_key::kModel).append(ToText(number))) != nullptr) return;
+  AddModel(number);
+  if (next_model_ <= number && number < std::numeric_limits<std::int32_t>::max()) {
+    next_model_ = number + 1;
+  }
+}
+
+// The file that was just added: it is open, and its copy is the selected file.
+void frmConmutador::RegisterAdded() {
+  if (!config_.HayConfig()) return;
+  if (SwitchNode* model = tree_.FindModel(config_.Marca(), config_.Modelo())) {
+    return UpdateModel(*model);
+  }
+  if (next_model_ < 0) next_model_ = 1;
+  const std::int32_t number = next_model_;
+  next_model_ = CheckedAdd(next_model_, 1);
+  const Text copy = std::exchange(selected_file_, FileOf(number));
+  // Tree and counter keep in step with the disk.
+  if (!platform_.files.Copy(copy, selected_file_)) return;
+  SwitchNode& model = AddModel(number);
+  Expand(*model.parent, true);
+  Select(model);
+}
+
+void frmConmutador::UpdateModel(SwitchNode& model) {
+  selected_file_ = FileOf(tree_key::Number(model.key));
+  const Text question =
+      Text(u"¿Deseas actualizar el conmutador : ").append(config_.NombreConmutador()).append(u" ?");
+  if (view_.ShowMessage(question, kQuestion, kTitle) != kYes) return;
+  try {
+    config_.GuardarComo(selected_file_);
+  } catch (const ConfigError&) {
+    return;
+  }
+  if (IsDefault(model) && platform_.files.Remove(installed_file_)) {
+    platform_.files.Copy(selected_file_, installed_file_);
+  }
+  Select(model);
+}
+
+SwitchNode& frmConmutador::AddModel(std::int32_t number) {
+  SwitchNode* brand = tree_.FindBrand(config_.Marca());
+  if (brand == nullptr) {
+    if (next_brand_ < 0) next_brand_ = 0;
+    brand = &tree_.Add(tree_.root(), Text(tree_key::kBrand).append(ToText(next_brand_++)),
+                       config_.Marca());
+    if (!scanning_) view_.NodeAdded(*brand);
+  }
+  SwitchNode& model =
+      tree_.Add(*brand, Text(tree_key::kModel).append(ToText(number)), config_.Modelo());
+  if (!scanning_) view_.NodeAdded(model);
+  CountModels(+1);
+  return model;
+}
+
+void frmConmutador::CountModels(int change) {
+  models_ += change;
+  tree_.root().text = RootText(models_);
+  if (!scanning_) view_.NodeChanged(tree_.root());
+}
+
+// --- the tree ---
+
+void frmConmutador::Select(SwitchNode& node) {
+  for (SwitchNode* parent = node.parent; parent != nullptr; parent = parent->parent) {
+    Expand(*parent, true);
+  }
+  selected_ = &node;
+  view_.NodeSelected(node);
+  ClickSelected();
+}
+
+void frmConmutador::Expand(SwitchNode& node, bool expanded) {
+  if (node.expanded == expanded) return;
+  node.expanded = expanded;
+  view_.NodeChanged(node);
+}
+
+void frmConmutador::NodeClick(TextView key) {
+  SwitchNode* node = tree_.Find(key);
+  if (node == nullptr) return;
+  selected_ = node;
+  ClickSelected();
+}
+
+void frmConmutador::ClickSelected() {
+  file_label_.clear();
+  info_.clear();
+  frame_.clear();
+  model_commands_ = false;
+  config_.Iniciar();
+  selected_file_.clear();
+  if (tree_key::IsModel(selected_->key)) {
+    selected_file_ = FileOf(tree_key::Number(selected_->key));
+    Text why;
+    if (!platform_.files.Exists(selected_file_)) {
+      // Gone behind our back: everything stays cleared.
+    } else if (!OpenQuietly(selected_file_, &why)) {
+      info_ = Text(u"<").append(why).append(u">");
+    } else {
+      default_is_bold_ = IsDefault(*selected_);
+      const Text name = config_.NombreConmutador();
+      frame_ = default_is_bold_ ? Text(u">> ").append(name).append(u" <<") : name;
+      info_ = Trim(config_.Comentarios());
+      file_label_ = selected_file_;
+      model_commands_ = true;
+    }
+  }
+  view_.Update();
+}
+
+void frmConmutador::NodeExpanded(TextView key) {
+  if (SwitchNode* node = tree_.Find(key)) node->expanded = true;
+}
+
+void frmConmutador::NodeCollapsed(TextView key) {
+  SwitchNode* node = tree_.Find(key);
+  if (node == nullptr) return;
+  node->expanded = false;
+  // A selection that can no longer be seen goes to the node that hides it.
+  for (const SwitchNode* above = selected_; above != nullptr; above = above->parent) {
+    if (above == node) selected_ = node;
+  }
+  ClickSelected();
+}
+
+void frmConmutador::btnContraer() {
+  if (tree_.root().children.empty()) return;
+  for (const auto& [text, brand] : tree_.root().children) {
+    if (!brand->expanded) continue;
+    Expand(*brand, false);
+    NodeCollapsed(brand->key);
+  }
+  view_.NodeSelected(*selected_);
+}
+
+// --- the default switch ---
+
+void frmConmutador::ShowDefaultCaption(TextView caption, TextView tool_tip) {
+  default_caption_ = caption;
+  default_tool_tip_ = tool_tip;
+}
+
+void frmConmutador::ForgetDefault() {
+  default_key_.clear();
+  ShowDefaultCaption(kNoDefault, kNoDefault);
+}
+
+void frmConmutador::MarkDefault() {
+  default_caption_ = kNoDefault;
+  if (platform_.files.Exists(installed_file_) && OpenQuietly(installed_file_)) {
+    if (SwitchNode* model = tree_.FindModel(config_.Marca(), config_.Modelo())) {
+      Select(*model);
+      ShowDefaultCaption(config_.NombreConmutador(), kDefaultToolTip);
+      default_is_bold_ = true;
+      default_key_ = model->key;
+    }
+  }
+  view_.Update();
+}
+
+void frmConmutador::btnInstalar() {
+  if (selected_file_.empty()) return;
+  if (installed_file_.empty()) {
+    view_.ShowMessage(
+        u"No se ha determinado el archivo que se usará para predeterminar el conmutador a usar.",
+        kNotice, kErrorTitle);
+    return;
+  }
+  if (EqualIgnoringCase(selected_file_, installed_file_)) {
+    view_.ShowMessage(u"Ha ocurrido un conflicto de nombres de archivos.", kNotice, kErrorTitle);
+    return;
+  }
+  if (!platform_.files.Exists(selected_file_)) return;
+  if (platform_.files.Exists(installed_file_)) platform_.files.Remove(installed_file_);
+  platform_.files.Copy(selected_file_, installed_file_);
+  MarkDefault();
+  install_event_();
+  view_.ShowMessage(Text(u"Se ha predeterminado exitosamente el conmutador ")
+                        .append(kLineBreak)
+                        .append(config_.NombreConmutador())
+                        .append(u"."),
+                    kNotice, kTitle);
+}
+
+void frmConmutador::btnDesinstalar() {
+  if (default_key_.empty()) return;
+  const Text question =
+      Text(u"¿Deseas quitar el conmutador predeterminado '").append(default_caption_).append(u"'?");
+  if (view_.ShowMessage(question, kQuestion, kTitle) != kYes) return;
+  if (installed_file_.empty()) return;
+  if (platform_.files.Exists(installed_file_)) {
+    const bool removed = platform_.files.Remove(installed_file_);
+    view_.ShowMessage(removed ? Text(u"Se ha quitado el conmutador predeterminado exitosamente.")
+                              : platform_.files.LastError(),
+                      kNotice, kTitle);
+  }
+  ForgetDefault();
+  view_.Update();
+}
+
+// --- the catalogue's commands ---
+
+void frmConmutador::btnBuscar() {
+  FileSystem& files = platform_.files;
+  const Text directory = files.CurrentDirectory();
+  const auto chosen = view_.OpenFile({u"Buscar archivo de configuración de conmutadores ...",
+                                      u"Configuraciones (*.cfg)|*.cfg", kOpenFlags});
+  files.CurrentDirectory(directory);  // the host's, not the dialog's
+  if (!chosen) return;
+  if (chosen->starts_with(u"\\\\")) {
+    view_.ShowMessage(Text(*chosen)
+                          .append(kLineBreak)
+                          .append(u"Establezca esta direccion como una unidad de red."),
+                      kNotice, kErrorTitle);
+    return;
+  }
+  const Text copy = directory_ + u"cfg.tmp";
+  if (files.Exists(copy)) files.Remove(copy);
+  if (!files.Copy(*chosen, copy)) {
+    const Text why = files.LastError();
+    view_.ShowMessage(Text(u"No es posible acceder al archivo :  ")
+                          .append(*chosen)
+                          .append(kLineBreak)
+                          .append(why),
+                      kNotice, kErrorTitle);
+    return;
+  }
+  Text why;
+  if (!OpenQuietly(copy, &why)) {
+    view_.ShowMessage(why, kNotice, kErrorTitle);
+    return;
+  }
+  selected_file_ = copy;
+  RegisterAdded();
+  ClickSelected();
+}
+
+void frmConmutador::btnEliminar() {
+  if (selected_file_.empty()) return;
+  const bool is_default = IsDefault(*selected_);
+  Text question = Text(u"¿Esta seguro que desea eliminar el conmutador : ")
+                      .append(config_.NombreConmutador())
+                      .append(u" ?");
+  if (is_default) {
+    question.append(kLineBreak)
+        .append(
+            u"Este conmutador esta predeterminado, eliminarlo provocara que no halla conmutador "
+            u"predeterminado.");
+  }
+  if (view_.ShowMessage(question, kQuestion, kWarningTitle) != kYes) return;
+  if (!platform_.files.Remove(selected_file_)) return;
+  if (is_default) {
+    platform_.files.Remove(installed_file_);
+    install_event_();
+    ForgetDefault();
+    default_is_bold_ = false;
+  }
+  SwitchNode& model = *selected_;
+  SwitchNode& brand = *model.parent;
+  selected_ = &tree_.root();
+  view_.NodeRemoved(model);
+  tree_.Remove(model);
+  if (brand.children.empty()) {
+    view_.NodeRemoved(brand);
+    tree_.Remove(brand);
+  }
+  CountModels(-1);
+  Select(tree_.root());
+}
+
+void frmConmutador::btnPuertos() {
+  if (config_.HayConfig()) view_.EditCable(config_);
+}
+
+}  // namespace conmuta
