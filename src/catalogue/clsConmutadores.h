@@ -37,7 +37,7 @@ class clsConmutadores {
   void Editar(const ViewFactory& make_view);
 
  private:
-  const Platform& platform_;
+  const Platform platform_;
   Text directory_;
   Text prefix_;
   Text extension_;

@@ -106,7 +106,7 @@ class frmConmutador {
   void Expand(SwitchNode& node, bool expanded);
   bool OpenQuietly(TextView path, Text* why = nullptr);
 
-  const Platform& platform_;
+  const Platform platform_;
   View& view_;
   const std::function<void()> install_event_;
   Text directory_;

@@ -166,7 +166,7 @@ class clsCfgConmut {
   bool LeeCfgVersion2(TextView path);
   void ReadExchange(TextView path, TextView& detail);
 
-  const Platform& platform_;
+  const Platform platform_;
   ConfigListener* listener_ = nullptr;
   std::int32_t id_ = 0;
   ConfigHeader header_;

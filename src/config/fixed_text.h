@@ -32,35 +32,36 @@ class FixedText {
     std::copy_n(value.begin(), std::min(value.size(), kWidth), fixed.begin());
     if (fixed == characters_) return false;
     characters_ = fixed;
+    length_ = kWidth - static_cast<std::size_t>(std::count(fixed.begin(), fixed.end(), kNul));
     return true;
   }
 
   // As it reads back: all characters but the NULs.
   Text Read() const { return basConmuta::FijaACadena(Raw()); }
-  bool Empty() const { return Length() == 0; }
-  std::size_t Length() const {
-    return kWidth -
-           static_cast<std::size_t>(std::count(characters_.begin(), characters_.end(), kNul));
-  }
+  std::size_t Length() const { return length_; }
+  bool Empty() const { return length_ == 0; }
 
   // As it is stored: kWidth characters, NULs included.
   TextView Raw() const { return {characters_.data(), kWidth}; }
 
   // Whether `text` is what Read gives.
   bool Reads(TextView text) const {
-    std::size_t matched = 0;
+    if (text.size() != length_) return false;
+    auto next = text.begin();
     for (const char16_t c : characters_) {
+      if (next == text.end()) return true;
       if (c == kNul) continue;
-      if (matched == text.size() || text[matched] != c) return false;
-      ++matched;
+      if (c != *next) return false;
+      ++next;
     }
-    return matched == text.size();
+    return true;
   }
 
   bool operator==(const FixedText&) const = default;
 
  private:
   std::array<char16_t, kWidth> characters_{};
+  std::size_t length_ = 0;  // of what reads back
 };
 
 }  // namespace conmuta

@@ -22,6 +22,19 @@ bool RoundsUp(TextView fraction, bool whole_is_odd) {
 
 }  // namespace
 
+std::optional<std::int64_t> ReadDigits(TextView text) {
+  std::int64_t value = 0;
+  bool any = false;
+  for (const char16_t c : text) {
+    if (!IsDigit(c)) continue;
+    if (value >= kBeyondEveryWidth / 10) return kBeyondEveryWidth;
+    value = value * 10 + (c - u'0');
+    any = true;
+  }
+  if (!any) return std::nullopt;
+  return value;
+}
+
 std::optional<std::int64_t> ReadWholeNumber(TextView text) {
   text = Trim(text);
   const bool negative = text.starts_with(u'-');
@@ -37,11 +50,8 @@ std::optional<std::int64_t> ReadWholeNumber(TextView text) {
   }
   if (!text.empty() || (whole.empty() && fraction.empty())) return std::nullopt;
 
-  std::int64_t value = 0;
-  for (const char16_t digit : whole) {
-    if (value >= kBeyondEveryWidth / 10) return negative ? -kBeyondEveryWidth : kBeyondEveryWidth;
-    value = value * 10 + (digit - u'0');
-  }
+  std::int64_t value = ReadDigits(whole).value_or(0);
+  if (value == kBeyondEveryWidth) return negative ? -value : value;
   if (RoundsUp(fraction, value % 2 != 0)) ++value;
   return negative ? -value : value;
 }

@@ -18,7 +18,10 @@ namespace conmuta {
 // stored width can hold, so narrowing them raises.
 std::optional<std::int64_t> ReadWholeNumber(TextView text);
 
-// The same, in the width T; OverflowError when the number does not fit.
+// The number that the text's digits make up, whatever stands between them; nothing without a digit.
+std::optional<std::int64_t> ReadDigits(TextView text);
+
+// ReadWholeNumber in the width T; OverflowError when the number does not fit.
 template <std::integral T>
 std::optional<T> ReadWholeNumberAs(TextView text) {
   const auto number = ReadWholeNumber(text);

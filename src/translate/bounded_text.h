@@ -23,11 +23,13 @@ class BoundedText {
     return *this;
   }
 
+  void Clear() { size_ = 0; }
+
   operator TextView() const { return {characters_.data(), size_}; }
 
  private:
   std::size_t size_ = 0;
-  std::array<char16_t, kWidth> characters_;  // only the first size_ count
+  std::array<char16_t, kWidth> characters_{};  // only the first size_ count
 };
 
 }  // namespace conmuta

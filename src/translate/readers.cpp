@@ -21,8 +21,10 @@ TextView Read(const DATO& slot, TextView line, FieldBuffer& buffer) {
 // The number at a slot's place; nothing where there is none.
 template <std::integral T>
 std::optional<T> ReadNumber(const DATO& slot, TextView line) {
-  FieldBuffer buffer;
-  return ReadWholeNumberAs<T>(Read(slot, line, buffer));
+  const TextView text = Cut(slot, line);
+  const auto number = slot.TipoDato == emValorNumerico ? ReadDigits(text) : ReadWholeNumber(text);
+  if (!number) return std::nullopt;
+  return Narrow<T>(*number);
 }
 
 const DATO* SelectNumeric(clsCfgConmut& config, emParamDato kind) {
@@ -69,10 +71,17 @@ constexpr std::array<TypeIdentifiers, 4> kTypeIdentifiers = {{
      emDatoCteIdentInterTroncalFinTransferida},
 }};
 
+bool Stands(const CTE& slot, TextView line) {
+  const std::size_t end = CheckedAdd<std::uint8_t>(slot.Pos, slot.Tam) - 1u;
+  return end <= line.size() && slot.Constante.Reads(line.substr(slot.Pos - 1u, slot.Tam));
+}
+
 bool Identifies(const TypeIdentifiers& row, clsCfgConmut& config, TextView line) {
-  if (config.SelectCTE(row.plain) == nullptr) return false;
-  if (VerificaConstante(row.plain, config, line)) {
-    return config.SelectCTE(row.also) == nullptr || VerificaConstante(row.also, config, line);
+  const CTE* plain = config.SelectCTE(row.plain);
+  if (plain == nullptr) return false;
+  if (Stands(*plain, line)) {
+    const CTE* also = config.SelectCTE(row.also);
+    return also == nullptr || Stands(*also, line);
   }
   return VerificaConstante(row.instead, config, line);
 }
@@ -149,10 +158,7 @@ TextView LeeDatoTexto(emParamDato kind, clsCfgConmut& config, TextView line, Fie
 
 bool VerificaConstante(emParamDatoConstante kind, clsCfgConmut& config, TextView line) {
   const CTE* slot = config.SelectCTE(kind);
-  if (slot == nullptr) return false;
-  const std::size_t end = CheckedAdd<std::uint8_t>(slot->Pos, slot->Tam) - 1u;
-  if (end > line.size()) return false;
-  return slot->Constante.Reads(line.substr(slot->Pos - 1u, slot->Tam));
+  return slot != nullptr && Stands(*slot, line);
 }
 
 std::int16_t LeeAnio(clsCfgConmut& config, emParamDato kind, TextView line, const Clock& clock) {
