@@ -24,8 +24,9 @@ int FullYear(int year) {
 std::int64_t DayNumber(int year, int month, int day) {
   year = FullYear(year);
   if (year < kFirstYear || year > kLastYear) throw InvalidArgumentError();
-  const auto first_of_month = std::chrono::year{year} / 1 / 1 + std::chrono::months{month - 1};
-  const sys_days date = sys_days{first_of_month} + days{day - 1};
+  const auto first_of_month =
+      std::chrono::year{year} / 1 / 1 + (std::chrono::months{month} - std::chrono::months{1});
+  const sys_days date = sys_days{first_of_month} + (days{day} - days{1});
   const int resulting_year{std::chrono::year_month_day{date}.year()};
   if (resulting_year < kFirstYear || resulting_year > kLastYear) throw InvalidArgumentError();
   return (date - kDayZero).count();

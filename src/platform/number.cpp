@@ -22,16 +22,14 @@ bool RoundsUp(TextView fraction, bool whole_is_odd) {
 
 }  // namespace
 
-std::optional<std::int64_t> ReadDigits(TextView text) {
-  std::int64_t value = 0;
-  bool any = false;
+std::int64_t ReadDigits(TextView text) {
+  constexpr std::size_t kAlwaysFits = 17;
+  std::int64_t value = kNoDigits;
   for (const char16_t c : text) {
     if (!IsDigit(c)) continue;
-    if (value >= kBeyondEveryWidth / 10) return kBeyondEveryWidth;
-    value = value * 10 + (c - u'0');
-    any = true;
+    if (text.size() > kAlwaysFits && value >= kBeyondEveryWidth / 10) return kBeyondEveryWidth;
+    value = (value == kNoDigits ? 0 : value * 10) + (c - u'0');
   }
-  if (!any) return std::nullopt;
   return value;
 }
 
@@ -50,7 +48,7 @@ std::optional<std::int64_t> ReadWholeNumber(TextView text) {
   }
   if (!text.empty() || (whole.empty() && fraction.empty())) return std::nullopt;
 
-  std::int64_t value = ReadDigits(whole).value_or(0);
+  std::int64_t value = std::max<std::int64_t>(ReadDigits(whole), 0);
   if (value == kBeyondEveryWidth) return negative ? -value : value;
   if (RoundsUp(fraction, value % 2 != 0)) ++value;
   return negative ? -value : value;

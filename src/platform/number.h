@@ -18,8 +18,9 @@ namespace conmuta {
 // stored width can hold, so narrowing them raises.
 std::optional<std::int64_t> ReadWholeNumber(TextView text);
 
-// The number that the text's digits make up, whatever stands between them; nothing without a digit.
-std::optional<std::int64_t> ReadDigits(TextView text);
+// The number that the text's digits make up, whatever stands between them.
+inline constexpr std::int64_t kNoDigits = -1;
+std::int64_t ReadDigits(TextView text);
 
 // ReadWholeNumber in the width T; OverflowError when the number does not fit.
 template <std::integral T>

@@ -16,10 +16,11 @@ class BoundedText {
 
   // The first kWidth characters of the value, less the NULs among them.
   BoundedText& operator=(TextView value) {
-    size_ = 0;
+    std::size_t size = 0;
     for (const char16_t c : value.substr(0, kWidth)) {
-      if (c != kNul) characters_[size_++] = c;
+      if (c != kNul) characters_[size++] = c;
     }
+    size_ = size;
     return *this;
   }
 

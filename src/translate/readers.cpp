@@ -10,7 +10,9 @@ namespace {
 // The piece of the line at a slot's place, as it stands there.
 TextView Cut(const DATO& slot, TextView line) {
   CheckedAdd<std::uint8_t>(slot.Pos, slot.Tam);
-  return line.substr(std::min<std::size_t>(slot.Pos - 1u, line.size()), slot.Tam);
+  const std::size_t begin = slot.Pos - 1u;
+  if (begin >= line.size()) return {};
+  return {line.data() + begin, std::min<std::size_t>(slot.Tam, line.size() - begin)};
 }
 
 TextView Read(const DATO& slot, TextView line, FieldBuffer& buffer) {
@@ -18,13 +20,15 @@ TextView Read(const DATO& slot, TextView line, FieldBuffer& buffer) {
   return slot.TipoDato == emValorNumerico ? DigitsOf(text, buffer) : text;
 }
 
-// The number at a slot's place; nothing where there is none.
+// The number at a slot's place, or what it is to be where there is none.
 template <std::integral T>
-std::optional<T> ReadNumber(const DATO& slot, TextView line) {
+T ReadNumber(const DATO& slot, TextView line, T otherwise) {
   const TextView text = Cut(slot, line);
-  const auto number = slot.TipoDato == emValorNumerico ? ReadDigits(text) : ReadWholeNumber(text);
-  if (!number) return std::nullopt;
-  return Narrow<T>(*number);
+  if (slot.TipoDato == emValorNumerico) {
+    const std::int64_t number = ReadDigits(text);
+    return number != kNoDigits ? Narrow<T>(number) : otherwise;
+  }
+  return ReadWholeNumberAs<T>(text).value_or(otherwise);
 }
 
 const DATO* SelectNumeric(clsCfgConmut& config, emParamDato kind) {
@@ -44,7 +48,7 @@ std::int16_t ReadCalendarPart(clsCfgConmut& config, emParamDato kind, TextView l
                               std::int16_t last, const Clock& clock, int CivilDate::*today) {
   const DATO* slot = SelectNumeric(config, kind);
   if (slot == nullptr) return 0;
-  const std::int16_t part = ReadNumber<std::int16_t>(*slot, line).value_or(std::int16_t{0});
+  const std::int16_t part = ReadNumber(*slot, line, std::int16_t{0});
   return part >= 1 && part <= last ? part : static_cast<std::int16_t>(clock.Today().*today);
 }
 
@@ -164,10 +168,10 @@ bool VerificaConstante(emParamDatoConstante kind, clsCfgConmut& config, TextView
 std::int16_t LeeAnio(clsCfgConmut& config, emParamDato kind, TextView line, const Clock& clock) {
   const DATO* slot = SelectNumeric(config, kind);
   if (slot == nullptr) return 0;
-  const auto read = ReadNumber<std::int16_t>(*slot, line);
-  if (!read) return 0;
+  const auto read = ReadNumber(*slot, line, std::int16_t{-1});
+  if (read < 0) return 0;
   const auto current = static_cast<std::int16_t>(clock.Today().year);
-  return std::max(current, CompleteYear(*read, current));
+  return std::max(current, CompleteYear(read, current));
 }
 
 std::int16_t LeeMes(clsCfgConmut& config, emParamDato kind, TextView line, const Clock& clock) {
@@ -181,7 +185,7 @@ std::int16_t LeeDia(clsCfgConmut& config, emParamDato kind, TextView line, const
 std::int32_t LeeHoras(clsCfgConmut& config, emParamDato kind, TextView line) {
   const DATO* slot = config.SelectDATO(kind);
   if (slot == nullptr) return 0;
-  return std::max(0, ReadNumber<std::int32_t>(*slot, line).value_or(0));
+  return std::max(0, ReadNumber(*slot, line, std::int32_t{0}));
 }
 
 std::int32_t LeeMinutos(clsCfgConmut& config, emParamDato kind, TextView line) {

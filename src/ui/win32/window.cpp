@@ -44,7 +44,7 @@ class OtherWindowsDisabled {
   explicit OtherWindowsDisabled(HWND ours) : ours_(ours), active_(GetActiveWindow()) {
     EnumThreadWindows(
         GetCurrentThreadId(),
-        [](HWND window, LPARAM self) -> BOOL {
+        [](HWND window, LPARAM self) CALLBACK -> BOOL {
           reinterpret_cast<OtherWindowsDisabled*>(self)->Disable(window);
           return TRUE;
         },
@@ -144,7 +144,7 @@ void Window::UseDpi(UINT dpi) {
   Font font = MessageFont(dpi);
   EnumChildWindows(
       handle_,
-      [](HWND child, LPARAM f) -> BOOL {
+      [](HWND child, LPARAM f) CALLBACK -> BOOL {
         SendMessageW(child, WM_SETFONT, static_cast<WPARAM>(f), TRUE);
         return TRUE;
       },
