@@ -17,7 +17,8 @@ std::string ToFixedBytes(const CodePage& code_page, TextView text, std::size_t w
   std::string bytes = code_page.ToBytes(text);
   while (bytes.size() > width) {
     // Only a code page with several bytes to a character gets here: drop whole characters.
-    const bool is_pair = text.size() > 1 && (text.back() & 0xFC00) == 0xDC00;
+    const bool is_pair = text.size() > 1 && (text.back() & 0xFC00) == 0xDC00 &&
+                         (text[text.size() - 2] & 0xFC00) == 0xD800;
     text.remove_suffix(is_pair ? 2 : 1);
     bytes = code_page.ToBytes(text);
   }
