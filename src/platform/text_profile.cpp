@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -23,8 +24,12 @@ std::string_view TrimBoth(std::string_view text) {
   return TrimFront(text.substr(0, text.find_last_not_of(kWhiteSpace) + 1));
 }
 
+std::string_view CutAtNul(std::string_view text) {
+  return text.substr(0, text.find('\0'));
+}
+
 std::string Folded(std::string_view name) {
-  std::string folded(TrimBoth(name));
+  std::string folded(TrimBoth(CutAtNul(name)));
   for (char& c : folded) {
     if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
   }
@@ -46,10 +51,22 @@ std::string_view Unquoted(std::string_view value) {
 }
 
 std::string ValueOf(std::string_view line) {
-  line = line.substr(0, line.find('\0'));
   const std::size_t equals = line.find('=');
   if (equals == std::string_view::npos) return {};
-  return std::string(Unquoted(TrimBoth(line.substr(equals + 1))).substr(0, kMostProfileBytes));
+  const std::string_view value = Unquoted(TrimBoth(line.substr(equals + 1)));
+  return std::string(CutAtNul(value.substr(0, kMostProfileBytes)));
+}
+
+// A line ends with CR, LF or both.
+std::vector<std::string> SplitLines(std::string_view bytes) {
+  std::vector<std::string> lines;
+  for (std::size_t begin = 0; begin < bytes.size();) {
+    const std::size_t end = std::min(bytes.find_first_of(kLineEnd, begin), bytes.size());
+    lines.emplace_back(bytes.substr(begin, end - begin));
+    const bool is_pair = bytes.substr(end, kLineEnd.size()) == kLineEnd;
+    begin = end + (is_pair ? kLineEnd.size() : 1);
+  }
+  return lines;
 }
 
 // The content in the ANSI code page: a file may carry a mark that says it is Unicode.
@@ -73,18 +90,22 @@ class TextProfile final : public ProfileFile {
 
   bool Write(std::string_view section, std::string_view key, std::string_view value) override {
     Load();
-    std::string line = std::string(key).append("=").append(TrimFront(value));
+    if (unreadable_) return false;
+    // A value with line ends in it makes lines of its own, here as in the file.
+    auto written = SplitLines(std::string(key).append("=").append(TrimFront(value)));
+    auto place = lines_.end();
     if (const Section* found = Find(section)) {
       const auto present = found->keys.find(Folded(key));
       if (present != found->keys.end()) {
-        lines_[present->second] = std::move(line);
+        place = lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(present->second));
       } else {
-        lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(found->end), std::move(line));
+        place = lines_.begin() + static_cast<std::ptrdiff_t>(found->end);
       }
     } else {
-      lines_.push_back(std::string("[").append(section).append("]"));
-      lines_.push_back(std::move(line));
+      written.insert(written.begin(), std::string("[").append(section).append("]"));
     }
+    lines_.insert(place, std::make_move_iterator(written.begin()),
+                  std::make_move_iterator(written.end()));
     Index();
     return Save();
   }
@@ -99,14 +120,9 @@ class TextProfile final : public ProfileFile {
     if (loaded_) return;
     loaded_ = true;
     auto content = files_.Read(path_, SIZE_MAX);
+    unreadable_ = !content && files_.Attributes(path_).has_value();
     if (!content) return;
-    const std::string bytes = Decoded(std::move(content->bytes), code_page_);
-    for (std::size_t begin = 0; begin < bytes.size();) {
-      const std::size_t end = std::min(bytes.find_first_of(kLineEnd, begin), bytes.size());
-      lines_.push_back(bytes.substr(begin, end - begin));
-      const bool is_pair = bytes.compare(end, kLineEnd.size(), kLineEnd) == 0;
-      begin = end + (is_pair ? kLineEnd.size() : 1);
-    }
+    lines_ = SplitLines(Decoded(std::move(content->bytes), code_page_));
     Index();
   }
 
@@ -140,6 +156,7 @@ class TextProfile final : public ProfileFile {
   const CodePage& code_page_;
   const Text path_;
   bool loaded_ = false;
+  bool unreadable_ = false;  // though it is there: writing would lose what it holds
   std::vector<std::string> lines_;
   std::unordered_map<std::string, Section> sections_;
 };

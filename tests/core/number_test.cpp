@@ -25,6 +25,7 @@ TEST(ReadWholeNumber, RoundsFractionsHalvesToEven) {
   EXPECT_EQ(ReadWholeNumber(u"0.5"), 0);
   EXPECT_EQ(ReadWholeNumber(u"1.5"), 2);
   EXPECT_EQ(ReadWholeNumber(u"2.5"), 2);
+  EXPECT_EQ(ReadWholeNumber(u"2.75"), 3);
   EXPECT_EQ(ReadWholeNumber(u"2.50000000000000000000001"), 3);
   EXPECT_EQ(ReadWholeNumber(u"2.49999999999999999999999"), 2);
   EXPECT_EQ(ReadWholeNumber(u"-1.5"), -2);

@@ -1,0 +1,179 @@
+// Once warm, a translated line costs no heap allocation.
+//
+// Counts through replaced allocation functions, which serve this whole test program. Memory still
+// comes from malloc, where sanitizers watch it.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <memory>
+#include <new>
+#include <ostream>
+#include <vector>
+
+#include "support/layouts.h"
+#include "support/translation.h"
+
+namespace {
+
+std::atomic<std::size_t> allocations = 0;
+
+// Out of line: the compiler must not see which malloc a free belongs to.
+[[gnu::noinline]] void* Allocate(std::size_t size) noexcept {
+  ++allocations;
+  return std::malloc(size != 0 ? size : 1);
+}
+
+[[gnu::noinline]] void* AllocateOrThrow(std::size_t size) {
+  if (void* memory = Allocate(size)) return memory;
+  throw std::bad_alloc();
+}
+
+[[gnu::noinline]] void Release(void* memory) noexcept {
+  std::free(memory);
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  return AllocateOrThrow(size);
+}
+void* operator new[](std::size_t size) {
+  return AllocateOrThrow(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return Allocate(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+  return Allocate(size);
+}
+void operator delete(void* memory) noexcept {
+  Release(memory);
+}
+void operator delete[](void* memory) noexcept {
+  Release(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+  Release(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+  Release(memory);
+}
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
+  Release(memory);
+}
+void operator delete[](void* memory, const std::nothrow_t&) noexcept {
+  Release(memory);
+}
+
+namespace conmuta {
+namespace {
+
+using test::FixedColumns;
+using test::FixedLine;
+using test::MeridianColumns;
+using test::NorstarColumns;
+using test::Translation;
+
+struct Stream {
+  const char* name;
+  emCasos code;
+  test::ConfigBuilder (*layout)();
+  std::vector<Text> lines;
+  int delivered;  // valid calls among them
+};
+
+void PrintTo(const Stream& row, std::ostream* out) {
+  *out << row.name;
+}
+
+std::vector<Text> FixedLines(const std::vector<Text>& kinds) {
+  std::vector<Text> lines;
+  for (const Text& kind : kinds) lines.push_back(Text(u"\r\n") + FixedLine{.kind = kind}.text());
+  return lines;
+}
+
+// Transfers begun on more trunks than the list holds, and then all ended.
+std::vector<Text> ManyTransfers() {
+  std::vector<Text> lines;
+  for (const Text kind : {u"IS", u"IE"}) {
+    for (int i = 0; i < 120; ++i) {
+      lines.push_back(FixedLine{.kind = kind, .from = Text(u"L") + ToText(100 + i)}.text());
+    }
+  }
+  return lines;
+}
+
+class Allocation : public testing::TestWithParam<Stream> {
+ protected:
+  // Gives how many calls were valid.
+  static int TranslateAll(Translation& desk) {
+    int valid = 0;
+    for (const Text& line : GetParam().lines) {
+      if (desk.Translate(line).EsValido()) ++valid;
+    }
+    return valid;
+  }
+};
+
+TEST_P(Allocation, IsNotNeededForALineOnceWarm) {
+  Translation desk(GetParam().layout().Case(GetParam().code).Build());
+  EXPECT_EQ(TranslateAll(desk), GetParam().delivered);
+  const std::size_t before = allocations;
+  for (int i = 0; i < 20; ++i) TranslateAll(desk);
+  EXPECT_EQ(allocations - before, 0u);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, Allocation,
+    testing::Values(
+        Stream{"standard", emCasoEstandar, FixedColumns,
+               FixedLines({u"I ", u"O ", u"X ", u"T ", u"IS", u"IE", u"? "}), 7},
+        Stream{"date difference", emCasoRestaFechasDuracion, FixedColumns,
+               FixedLines({u"I ", u"O ", u"X "}), 3},
+        Stream{"Samsung", emCasoSamsungNX_820, FixedColumns,
+               FixedLines({u"I ", u"IS", u"IE", u"OS", u"OE", u"TS", u"XE"}), 7},
+        Stream{"Samsung with a full list", emCasoSamsungNX_820, FixedColumns, ManyTransfers(), 240},
+        Stream{"Meridian",
+               emCasoNortelMeridian01,
+               MeridianColumns,
+               {u"A 029 00 DN7447  T038000 04/04 15:02 00:00:00 4321",
+                u"S 029 00 DN7447  T038000 04/04 15:02 00:00:10 8761344",
+                u"X 030 00 T038000 DN2221  04/04 15:03 00:00:10",
+                u"E 031 00 T038000 DN2221  04/04 15:07 00:00:10",
+                u"N 027 00 DN7425  T052000 04/04 14:03 00:01:32 5551212",
+                u"Z 027 00 DN7425  T052000 04/04 14:03 00:01:32 5551212"},
+               4},
+        Stream{"Norstar",
+               emCasoNortelNorstar0x32SMDR6,
+               NorstarColumns,
+               {u"-------- 04/11/27 09:41:11 LINE = 0003 STN = 7344",
+                u"00:00:00   INCOMING CALL    RINGING 0:06", u"00:00:45   TRANSFERRED",
+                u"-------- 04/11/27 09:41:56 LINE = 0003 STN = 7440", u"00:00:00   FROM TRANSFER",
+                u"           RESTRICTION PASSWORD 4321", u"00:02:18   CALL RELEASED",
+                u"-------- 04/11/27 11:39:43 LINE = 0003 STN = 7425",
+                u"           DIGITS DIALED    5551212", u"00:12:59   CALL RELEASED"},
+               3}));
+
+TEST(AllocationCounter, SeesAllocations) {
+  const std::size_t before = allocations;
+  const auto text = std::make_unique<Text>(1000, u'x');
+  EXPECT_EQ(allocations - before, 2u);
+}
+
+// Shorter lines fit where a longer one was; only the longest so far may need room.
+TEST(Allocation, IsNotNeededForLinesNoLongerThanBefore) {
+  Translation desk(FixedColumns().Build());
+  const Text line(5000, u'7');
+  desk.Translate(line);
+  const Text good = FixedLine().text();
+  desk.Translate(good);
+  const std::size_t before = allocations;
+  for (std::size_t length = 1; length < good.size(); ++length) {
+    desk.Translate(TextView(good).substr(length));
+  }
+  EXPECT_EQ(allocations - before, 0u);
+}
+
+}  // namespace
+}  // namespace conmuta

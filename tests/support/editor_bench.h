@@ -1,0 +1,74 @@
+// The cable editor before a view that writes down what it is told and plays the user.
+#pragma once
+
+#include <functional>
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "cable/frmPuertos.h"
+
+namespace conmuta {
+
+// The wires of each pair.
+inline void PrintTo(const Wiring& wiring, std::ostream* out) {
+  for (int pair = 1; pair <= kConnectorPairs; ++pair) {
+    const auto code = static_cast<emPuertoSerial>(pair);
+    *out << "pair " << pair << ":";
+    for (int left = 1; left <= LeftPins(code); ++left) {
+      for (int right = 1; right <= 25; ++right) {
+        if (IsWired(wiring.Table(code), left, right)) *out << ' ' << left << '-' << right;
+      }
+    }
+    *out << '\n';
+  }
+}
+
+namespace test {
+
+inline emPuertoSerial Pair(int code) {
+  return static_cast<emPuertoSerial>(code);
+}
+
+// Runs the user's part while the window is open.
+class PlayingView final : public frmPuertos::View {
+ public:
+  void Update() override { ++updates; }
+  void Run(frmPuertos& editor) override {
+    calls.emplace_back("Run");
+    if (user) user(editor);
+    calls.emplace_back("closed");
+  }
+  void Close() override { calls.emplace_back("Close"); }
+
+  std::function<void(frmPuertos&)> user;
+  std::vector<std::string> calls;
+  int updates = 0;
+};
+
+class EditorBench {
+ public:
+  // Wires as the configuration would.
+  void Wire(int pair, int left, int right, bool wired = true) {
+    editor.PuertoActivo(Pair(pair));
+    editor.PinIZQ(static_cast<std::int16_t>(left));
+    editor.PinDER(static_cast<std::int16_t>(right));
+    editor.PinesConectados(wired);
+  }
+  WiringMask Mask(int pair, int left) const {
+    return editor.wiring().Table(Pair(pair))[static_cast<std::size_t>(left)];
+  }
+  // The mask of a list of right pins.
+  static WiringMask Pins(std::initializer_list<int> pins) {
+    WiringMask mask = 0;
+    for (const int pin : pins) mask |= PinMask(pin);
+    return mask;
+  }
+
+  PlayingView view;
+  frmPuertos editor{view};
+};
+
+}  // namespace test
+}  // namespace conmuta
