@@ -78,6 +78,7 @@ void frmPuertos::TypeLeftPin(TextView text) {
 }
 
 void frmPuertos::TypeConnectedPins(TextView text) {
+  if (!list_enabled_) return;
   list_text_ = text;
   if (WiringMask* mask = CurrentMask()) {
     *mask = 0;
@@ -107,7 +108,9 @@ void frmPuertos::PickLeftPin(int pin) {
 void frmPuertos::ToggleWire(int left, int right) {
   if (!may_edit_) return;
   PickLeftPin(left);
-  if (const WiringMask* mask = CurrentMask()) TypeConnectedPins(ListOf(*mask ^ PinMask(right)));
+  const WiringMask* mask = CurrentMask();
+  if (!list_enabled_ || mask == nullptr || right < 1 || right > RightPins(pair_)) return;
+  TypeConnectedPins(ListOf(*mask ^ PinMask(right)));
 }
 
 void frmPuertos::Accept() {

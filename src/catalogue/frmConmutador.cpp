@@ -1,6 +1,8 @@
 #include "catalogue/frmConmutador.h"
 
+#include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "platform/number.h"
 
@@ -113,8 +115,9 @@ void frmConmutador::RegisterScanned(std::int32_t number) {
     return;  // the first one counts
   if (tree_.Find(Text(tree_key::kModel).append(ToText(number))) != nullptr) return;
   AddModel(number);
-  if (next_model_ <= number && number < std::numeric_limits<std::int32_t>::max()) {
-    next_model_ = number + 1;
+  // Negative numbers and the highest of all have no number to follow them.
+  if (number >= 0 && number < std::numeric_limits<std::int32_t>::max()) {
+    next_model_ = std::max(next_model_, std::int64_t{number} + 1);
   }
 }
 
@@ -125,8 +128,8 @@ void frmConmutador::RegisterAdded() {
     return UpdateModel(*model);
   }
   if (next_model_ < 0) next_model_ = 1;
-  const std::int32_t number = next_model_;
-  next_model_ = CheckedAdd(next_model_, 1);
+  if (!std::in_range<std::int32_t>(next_model_)) return;  // none is left
+  const auto number = static_cast<std::int32_t>(next_model_++);
   const Text copy = std::exchange(selected_file_, FileOf(number));
   // Tree and counter keep in step with the disk.
   if (!platform_.files.Copy(copy, selected_file_)) return;
@@ -145,7 +148,9 @@ void frmConmutador::UpdateModel(SwitchNode& model) {
   } catch (const ConfigError&) {
     return;
   }
-  if (IsDefault(model) && platform_.files.Remove(installed_file_)) {
+  // A default switch that is the catalogue's file itself has just been written.
+  const bool is_copy = !EqualIgnoringCase(selected_file_, installed_file_);
+  if (IsDefault(model) && is_copy && platform_.files.Remove(installed_file_)) {
     platform_.files.Copy(selected_file_, installed_file_);
   }
   Select(model);

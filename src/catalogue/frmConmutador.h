@@ -119,7 +119,7 @@ class frmConmutador {
   Text selected_file_;
   Text default_key_;
   std::int32_t next_brand_ = -1;  // -1: none yet
-  std::int32_t next_model_ = -1;
+  std::int64_t next_model_ = -1;  // one more than the highest, which may be the last there is
   std::int32_t models_ = 0;
   bool scanning_ = false;
 

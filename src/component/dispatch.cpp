@@ -171,6 +171,7 @@ Dispatcher::Dispatcher(ComPtr<ITypeInfo> info) : info_(std::move(info)) {
     Parameters& parameters = members_[{function->memid, function->invkind}];
     parameters.clear();
     for (int p = 0; p < function->cParams; ++p) {
+      if ((function->lprgelemdescParam[p].paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0) continue;
       parameters.push_back(Resolve(info_.get(), function->lprgelemdescParam[p].tdesc));
     }
     info_->ReleaseFuncDesc(function);
@@ -209,9 +210,14 @@ const Dispatcher::Parameters* Dispatcher::Find(DISPID member, WORD flags) const 
 HRESULT Dispatcher::Invoke(void* object, DISPID member, WORD flags, DISPPARAMS* parameters,
                            VARIANT* result, EXCEPINFO* exception, UINT* bad_argument) const {
   const Parameters* declared = Find(member, flags);
-  constexpr UINT kMostArguments = 4;
-  if (parameters == nullptr || declared == nullptr || parameters->cArgs > kMostArguments) {
+  if (parameters == nullptr || declared == nullptr) {
     return info_->Invoke(object, member, flags, parameters, result, exception, bad_argument);
+  }
+
+  // Not every system's own Invoke refuses what is too much.
+  constexpr UINT kMostArguments = 4;
+  if (parameters->cArgs > std::min<std::size_t>(declared->size(), kMostArguments)) {
+    return DISP_E_BADPARAMCOUNT;
   }
 
   std::array<Argument, kMostArguments> arguments;

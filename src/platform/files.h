@@ -40,7 +40,8 @@ class FileSystem {
 
   virtual bool Remove(TextView path) = 0;
 
-  // Replaces the target; false when that fails.
+  // Replaces the target; false when that fails. A copy is not read-only, though its source may be:
+  // files from a CD are.
   virtual bool Copy(TextView from, TextView to) = 0;
 
   // Names of the files and directories that match a path whose last part may hold "*", in the

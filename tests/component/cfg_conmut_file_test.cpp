@@ -187,17 +187,6 @@ TEST_F(CfgConmutFileTest, OpeningAFolderFails) {
   EXPECT_EQ(Try(config, &Cfg::Abrir, path), OpenFailure(1501, kNotFound, path));
 }
 
-TEST_F(CfgConmutFileTest, FileWithoutTheArchiveAttributeIsPassedOver) {
-  Fill();
-  const Text path = SavedAs(u"a.cfg");
-  const std::wstring name = Wide(path);
-  SetFileAttributesW(name.c_str(), FILE_ATTRIBUTE_NORMAL);
-  if ((GetFileAttributesW(name.c_str()) & FILE_ATTRIBUTE_ARCHIVE) != 0) {
-    GTEST_SKIP() << "under Wine every file has the archive attribute";
-  }
-  EXPECT_EQ(Try(config, &Cfg::Abrir, path), OpenFailure(1501, kNotFound, path));
-}
-
 TEST_F(CfgConmutFileTest, WhatIsNoConfigurationIsNotOpenedAndChangesNothing) {
   Fill();
   SavedAs(u"a.cfg");

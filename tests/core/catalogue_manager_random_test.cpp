@@ -72,7 +72,7 @@ Text Folded(TextView text) {
 }
 
 TEST(ManagerSessions, TreeIsSoundAndTrueToTheDisk) {
-  for (unsigned seed = 1; seed <= 60; ++seed) {
+  for (unsigned seed = 1; seed <= 25; ++seed) {
     Session session(seed);
     session.Open();
     // Of several files for one model the tree lists one, and the others come up when that goes.
@@ -96,7 +96,7 @@ TEST(ManagerSessions, TreeIsSoundAndTrueToTheDisk) {
 }
 
 TEST(ManagerSessions, TreeIsSoundWhateverFails) {
-  for (unsigned seed = 1; seed <= 60; ++seed) {
+  for (unsigned seed = 1; seed <= 25; ++seed) {
     Session session(seed);
     session.Open();
     for (int step = 0; step < 60; ++step) {
@@ -110,7 +110,7 @@ TEST(ManagerSessions, TreeIsSoundWhateverFails) {
 }
 
 TEST(ManagerSessions, TreeIsSoundWhateverOthersDoToTheFiles) {
-  for (unsigned seed = 1; seed <= 60; ++seed) {
+  for (unsigned seed = 1; seed <= 25; ++seed) {
     Session session(seed);
     session.Open();
     for (int step = 0; step < 60; ++step) {

@@ -213,6 +213,15 @@ TEST_F(CatalogueScan, PrefixAndExtensionMayBeAnything) {
   }
 }
 
+TEST_F(CatalogueScan, PassesOverTheDirectoryItselfAndItsParent) {
+  files.entries[u"C:\\cat\\."] = {Bytes("ACME", "X1")};
+  files.entries[u"C:\\cat\\.."] = {Bytes("ACME", "X2")};
+  Make();
+  window->Directorio(kFolder);  // every name that has no extension
+  EXPECT_THAT(failing.operations, ElementsAre("list *."));
+  EXPECT_EQ(Models().size(), 1u);
+}
+
 TEST_F(CatalogueScan, PaddedNumberIsListedButItsFileIsLookedForWithoutPadding) {
   Put(u"C:\\cat\\cnm0003.cfg", "ACME", "X1");
   Open();

@@ -59,7 +59,9 @@ class FakeFiles final : public FileSystem {
     const auto source = Find(from);
     const auto target = Find(to);
     if (source == nullptr || fail_copy || (target != nullptr && IsProtected(*target))) return false;
-    entries[Text(to)] = Entry(*source);
+    Entry copy = *source;
+    copy.attributes &= ~kAttributeReadOnly;
+    entries[Text(to)] = std::move(copy);
     return true;
   }
 

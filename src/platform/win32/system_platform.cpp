@@ -119,7 +119,13 @@ class WindowsFiles final : public FileSystem {
   bool Remove(TextView path) override { return DeleteFileW(NativePath(path).get()) != 0; }
 
   bool Copy(TextView from, TextView to) override {
-    return CopyFileW(NativePath(from).get(), NativePath(to).get(), FALSE) != 0;
+    const NativePath target(to);
+    if (!CopyFileW(NativePath(from).get(), target.get(), FALSE)) return false;
+    const DWORD attributes = GetFileAttributesW(target.get());
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+      SetFileAttributesW(target.get(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
+    }
+    return true;
   }
 
   std::vector<Text> List(TextView pattern) override {
