@@ -46,6 +46,15 @@ void HostThread::Drain() const {
   }
 }
 
+void HostThread::Rest() const {
+  bool busy = true;
+  for (const ULONGLONG end = GetTickCount64() + kPatience; busy; Sleep(2)) {
+    if (GetTickCount64() > end) throw Stuck("the host's thread finds no rest");
+    Drain();
+    Run([&] { busy = HIWORD(GetQueueStatus(QS_ALLINPUT & ~QS_SENDMESSAGE)) != 0; });
+  }
+}
+
 LRESULT CALLBACK HostThread::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   switch (message) {
     case kRun:

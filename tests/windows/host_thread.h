@@ -40,6 +40,8 @@ class HostThread {
   // Returns when everything that was posted to the thread before has been taken out of its queue,
   // and so have the characters that came of keys; or when the call has returned.
   void Drain() const;
+  // Returns when its windows have painted themselves and wait for messages.
+  void Rest() const;
   bool IsIdle() const { return WaitForSingleObject(idle_, 0) == WAIT_OBJECT_0; }
 
  private:

@@ -266,7 +266,7 @@ TEST_F(InfoWindowTest, ScrollBarsShowOnlyWhenNeeded) {
   for (const auto& config : {NewConfig(), TypicalConfig(), CrowdedConfig()}) {
     WhileShown(config, [](const Person& person, HWND window, HWND text, HWND close) {
       for (int width = 300; width <= 900; width += 150) {
-        for (int height = 200; height <= 1000; height += 100) {
+        for (int height = 200; height <= 1000; height += 200) {
           person.Resize(window, Scaled(width), Scaled(height));
           const Fit fit = FitOf(text);
           SCOPED_TRACE(std::to_string(width) + "x" + std::to_string(height) + ": " +

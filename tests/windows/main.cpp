@@ -6,12 +6,14 @@
 #include <cstdio>
 
 #include "component/dll.h"
+#include "without_window_manager.h"
 
 // A host with a user interface: one thread in an apartment of its own, which makes the objects and
 // waits for their windows. What the tests meet through COM must be the DLL that was built with
 // them.
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
+  conmuta::test::ManageWindowsWithoutManager();
   if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 2;
   {
     const conmuta::test::LoadedDll dll;

@@ -87,7 +87,7 @@ std::vector<HWND> ChildrenOf(HWND window) {
   std::vector<HWND> children;
   EnumChildWindows(
       window,
-      [](HWND child, LPARAM list) -> BOOL {
+      [](HWND child, LPARAM list) CALLBACK -> BOOL {
         reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
         return TRUE;
       },
@@ -100,6 +100,32 @@ COLORREF PixelOf(HWND window, int x, int y) {
   const COLORREF color = GetPixel(dc, x, y);
   ReleaseDC(window, dc);
   return color;
+}
+
+std::vector<std::string> ClippedTextsOf(HWND window) {
+  std::vector<std::string> clipped;
+  for (const HWND control : ChildrenOf(window)) {
+    const bool is_button = ClassOf(control) == u"Button";
+    if (!IsShown(control) || (!is_button && ClassOf(control) != u"Static")) continue;
+    const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
+    if (!is_button && (style & SS_PATHELLIPSIS) != 0) continue;  // it shortens its text itself
+    const Text text = TextOf(control);
+    RECT needed{};
+    const HDC dc = GetDC(control);
+    const HGDIOBJ before = SelectObject(dc, reinterpret_cast<HFONT>(Send(control, WM_GETFONT)));
+    DrawTextW(dc, reinterpret_cast<const wchar_t*>(text.c_str()), static_cast<int>(text.size()),
+              &needed, DT_CALCRECT);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(dc, &metrics);
+    SelectObject(dc, before);
+    ReleaseDC(control, dc);
+    // What a button has around its text: a border, or a mark before it.
+    const bool has_mark = is_button && (style & BS_TYPEMASK) == BS_RADIOBUTTON;
+    if (is_button) needed.right += has_mark ? metrics.tmHeight + 4 : 8;
+    const SIZE room = ClientSizeOf(control);
+    if (needed.right > room.cx || needed.bottom > room.cy) clipped.push_back(Narrow(text));
+  }
+  return clipped;
 }
 
 std::vector<TreeItem> ItemsOf(HWND tree) {
@@ -147,7 +173,7 @@ HWND Person::Find(bool ours, TextView caption) const {
   } search{ours, caption, nullptr};
   EnumThreadWindows(
       host_.id(),
-      [](HWND window, LPARAM wanted) -> BOOL {
+      [](HWND window, LPARAM wanted) CALLBACK -> BOOL {
         auto& search = *reinterpret_cast<Search*>(wanted);
         if (!IsUsable(window)) return TRUE;
         if (ClassOf(window) != (search.ours ? kOurClass : kDialogClass)) return TRUE;
@@ -197,7 +223,7 @@ void Person::Press(HWND button) const {
 void Person::PostKey(HWND to, WORD key) const {
   const LPARAM scan = static_cast<LPARAM>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC)) << 16;
   PostMessageW(to, WM_KEYDOWN, key, scan | 1);
-  PostMessageW(to, WM_KEYUP, key, scan | LPARAM{0xC0000001});
+  PostMessageW(to, WM_KEYUP, key, scan | static_cast<LPARAM>(0xC0000001));
   host_.Drain();
 }
 
@@ -278,9 +304,10 @@ Person::Said Person::Answer(TextView title, int button) const {
 }
 
 void Person::LeaveAll() const {
+  PostThreadMessageW(host_.id(), WM_NULL, 0, 0);  // a loop may not have noticed its end
   EnumThreadWindows(
       host_.id(),
-      [](HWND window, LPARAM) -> BOOL {
+      [](HWND window, LPARAM) CALLBACK -> BOOL {
         if (!IsUsable(window)) return TRUE;
         if (ClassOf(window) == kOurClass) PostMessageW(window, WM_CLOSE, 0, 0);
         if (ClassOf(window) == kDialogClass) {

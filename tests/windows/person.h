@@ -37,6 +37,9 @@ LOGFONTW FontOf(HWND window);
 std::vector<HWND> ChildrenOf(HWND window);
 COLORREF PixelOf(HWND window, int x, int y);
 
+// The texts of labels and buttons that their controls are too small for.
+std::vector<std::string> ClippedTextsOf(HWND window);
+
 // One item of a tree and those under it.
 struct TreeItem {
   HTREEITEM item;

@@ -76,7 +76,7 @@ class CableWindow final : public Window {
     for (int pair = 1; pair <= kConnectorPairs; ++pair) {
       options_[static_cast<std::size_t>(pair - 1)] =
           AddControl(L"BUTTON", kPairCaptions[static_cast<std::size_t>(pair - 1)],
-                     BS_RADIOBUTTON | (pair == 1 ? WS_GROUP : 0), kOpcPuerto + pair);
+                     BS_AUTORADIOBUTTON | (pair == 1 ? WS_GROUP : 0), kOpcPuerto + pair);
     }
     switch_ = AddControl(L"STATIC", u"", SS_LEFT | SS_NOPREFIX | WS_GROUP, kEtqConmutador);
     pin_label_ = AddControl(L"STATIC", u"Pin", SS_LEFT | SS_CENTERIMAGE, kLabel1);

@@ -189,6 +189,12 @@ void Window::RunModal() {
   if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
 }
 
+void Window::Close() {
+  open_ = false;
+  // A message that somebody sent does not end the wait for the next one that is posted.
+  PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+}
+
 // The keys that a multi-line text would keep for itself.
 bool Window::TranslateKey(const MSG& message) {
   if (message.message != WM_KEYDOWN || !IsMultiLineEdit(message.hwnd) ||
@@ -203,7 +209,7 @@ bool Window::TranslateKey(const MSG& message) {
       SendMessageW(handle_, WM_COMMAND, static_cast<WPARAM>(default_button_), 0);
       return true;
     case VK_TAB:
-      SetFocus(GetNextDlgTabItem(handle_, message.hwnd, GetKeyState(VK_SHIFT) < 0));
+      MoveFocus(GetKeyState(VK_SHIFT) < 0 ? 1 : 0, false);
       return true;
     case 'A':
       if (GetKeyState(VK_CONTROL) >= 0) return false;
@@ -223,6 +229,18 @@ LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wparam, LPA
   auto* window = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
   if (window == nullptr) return DefWindowProcW(handle, message, wparam, lparam);
   return window->Safely([&] { return window->Handle(message, wparam, lparam); });
+}
+
+// To a control, or to the next one (the one before, when `where` is not 0).
+void Window::MoveFocus(WPARAM where, bool is_control) {
+  const HWND next = is_control ? reinterpret_cast<HWND>(where)
+                               : GetNextDlgTabItem(handle_, GetFocus(), where != 0);
+  if (next == nullptr) return;
+  SetFocus(next);
+  // A field's text is selected for what is typed next.
+  if ((SendMessageW(next, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0 && !IsMultiLineEdit(next)) {
+    SendMessageW(next, EM_SETSEL, 0, -1);
+  }
 }
 
 LRESULT Window::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -247,6 +265,9 @@ LRESULT Window::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       return 0;
     case DM_GETDEFID:
       return default_button_ != 0 ? MAKELONG(default_button_, DC_HASDEFID) : 0;
+    case WM_NEXTDLGCTL:
+      MoveFocus(wparam, LOWORD(lparam) != 0);
+      return 0;
     case WM_COMMAND:
       OnCommand(LOWORD(wparam), HIWORD(wparam));
       return 0;

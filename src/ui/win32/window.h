@@ -21,7 +21,7 @@ class Window {
 
   // Shows the window until Close, the close box, or the end of the thread's message queue.
   void RunModal();
-  void Close() { open_ = false; }
+  void Close();
 
   HWND handle() const { return handle_; }
 
@@ -71,6 +71,7 @@ class Window {
 
   LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam);
   bool TranslateKey(const MSG& message);
+  void MoveFocus(WPARAM where, bool is_control);
   void UseDpi(UINT dpi);
   void LayoutNow();
 
