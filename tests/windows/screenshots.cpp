@@ -83,6 +83,8 @@ class Photographer {
       const Person person(host_);
       try {
         const HWND window = person.WaitForWindow(caption);
+        // Where all of it is on the screen, enlarged ones too.
+        SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
         prepare(person, window);
         Shoot(person, window, name);
       } catch (const Stuck& stuck) {
@@ -106,7 +108,6 @@ class Photographer {
  private:
   void Shoot(const Person& person, HWND window, const std::wstring& name) {
     person.host().Run([&] {
-      SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
       RedrawWindow(window, nullptr, nullptr,
                    RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
     });

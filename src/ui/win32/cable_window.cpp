@@ -85,8 +85,7 @@ class CableWindow final : public Window {
         AddControl(L"STATIC", u"---> Pines conectados", SS_LEFT | SS_CENTERIMAGE, kLabel2);
     list_ = AddControl(L"EDIT", u"", WS_TABSTOP | ES_AUTOHSCROLL, kTxtPinesConectados,
                        WS_EX_CLIENTEDGE);
-    diagram_view_ =
-        AddControl(L"STATIC", u"", SS_OWNERDRAW | SS_NOTIFY, kDiagram, WS_EX_CLIENTEDGE);
+    diagram_view_ = AddControl(L"STATIC", u"", WS_BORDER | SS_OWNERDRAW | SS_NOTIFY, kDiagram);
     SetWindowLongPtrW(diagram_view_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     static_procedure_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
         diagram_view_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DiagramProcedure)));

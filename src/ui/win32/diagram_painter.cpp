@@ -85,16 +85,28 @@ void StrokeWire(HDC dc, const Mapping& map, const WireShape& wire, double width,
   LineTo(dc, end.x, end.y);
 }
 
-// Later wires pass over earlier ones with some clear space around; those of one pin are a fork and
-// stay joined.
+// Clears some space around wires where they cross others: between the connectors, but not near
+// them, where wires come together on a pin and shall not be cut.
+void ClearAround(HDC dc, const Mapping& map, std::span<const WireShape> wires) {
+  const POINT begin = map.At(wires.front().curve_start);
+  const POINT end = map.At(wires.front().curve_end);
+  const LONG margin = (end.x - begin.x) / 4;
+  constexpr int kFar = 1 << 20;
+  const int saved = SaveDC(dc);
+  IntersectClipRect(dc, begin.x + margin, -kFar, end.x - margin, kFar);
+  for (const WireShape& wire : wires) {
+    if (wire.width > 1) StrokeWire(dc, map, wire, wire.width + 2 * kCasing, {255, 255, 255});
+  }
+  RestoreDC(dc, saved);
+}
+
+// Later wires pass over earlier ones; those of one pin are a fork and stay joined.
 void PaintWires(HDC dc, const Mapping& map, std::span<const WireShape> wires) {
   for (std::size_t first = 0; first < wires.size();) {
     std::size_t last = first;
     while (last < wires.size() && wires[last].left == wires[first].left) ++last;
     const auto fork = wires.subspan(first, last - first);
-    for (const WireShape& wire : fork) {
-      if (wire.width > 1) StrokeWire(dc, map, wire, wire.width + 2 * kCasing, {255, 255, 255});
-    }
+    ClearAround(dc, map, fork);
     for (const WireShape& wire : fork) StrokeWire(dc, map, wire, wire.width, wire.color);
     first = last;
   }
