@@ -10,6 +10,7 @@
 #include <memory>
 #include <system_error>
 
+#include "platform/minute_clock.h"
 #include "platform/platform.h"
 #include "platform/posix/native_path.h"
 #include "platform/text_profile.h"
@@ -17,9 +18,12 @@
 namespace conmuta {
 namespace {
 
-class PosixClock final : public Clock {
+class PosixTime {
  public:
-  CivilDate Today() const override {
+  std::int64_t Minute() const { return std::time(nullptr) / 60; }
+
+  CivilDate Today() const {
+    tzset();  // localtime_r alone would never look at the zone again
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     localtime_r(&now, &local);
@@ -158,7 +162,7 @@ class PosixFiles final : public FileSystem {
 
 const Platform& SystemPlatform() {
   static PosixFiles files;
-  static const PosixClock clock;
+  static const MinuteClock<PosixTime> clock;
   static const Windows1252 code_page;
   static TextProfiles profiles(files, code_page);
   static const Platform platform{files, clock, code_page, profiles};

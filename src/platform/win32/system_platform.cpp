@@ -3,15 +3,23 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/minute_clock.h"
 #include "platform/platform.h"
 #include "platform/win32/system_profile.h"
 
 namespace conmuta {
 namespace {
 
-class WindowsClock final : public Clock {
+class WindowsTime {
  public:
-  CivilDate Today() const override {
+  std::int64_t Minute() const {
+    constexpr std::int64_t kTicksPerMinute = 600'000'000;
+    FILETIME now;
+    GetSystemTimeAsFileTime(&now);
+    return (std::int64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime) / kTicksPerMinute;
+  }
+
+  CivilDate Today() const {
     SYSTEMTIME now;
     GetLocalTime(&now);
     return {now.wYear, now.wMonth, now.wDay};
@@ -163,7 +171,7 @@ class WindowsFiles final : public FileSystem {
 
 const Platform& SystemPlatform() {
   static WindowsFiles files;
-  static const WindowsClock clock;
+  static const MinuteClock<WindowsTime> clock;
   static const SystemCodePage code_page;
   static SystemProfiles profiles(code_page);
   static const Platform platform{files, clock, code_page, profiles};
