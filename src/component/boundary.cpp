@@ -33,7 +33,24 @@ HRESULT Report(REFIID iid, HRESULT result, const Text& source, const Text& descr
   return result;
 }
 
+HRESULT ReportOverflow(REFIID iid) {
+  return Report(iid, kOverflow, kSource, u"Desbordamiento");
+}
+
+HRESULT ReportInvalidArgument(REFIID iid) {
+  return Report(iid, kInvalidArgument, kSource, u"Argumento o llamada a procedimiento no válida");
+}
+
 }  // namespace
+
+HRESULT ReportLine(REFIID iid, LineError error) noexcept {
+  if (error == LineError::kNone) [[likely]] return S_OK;
+  try {
+    return error == LineError::kOverflow ? ReportOverflow(iid) : ReportInvalidArgument(iid);
+  } catch (...) {
+    return ReportCurrentException(iid);
+  }
+}
 
 HRESULT ReportPlain(HRESULT result) noexcept {
   SetErrorInfo(0, nullptr);  // what an earlier failure left does not belong to this one
@@ -47,10 +64,9 @@ HRESULT ReportCurrentException(REFIID iid) noexcept {
     } catch (const ConfigError& error) {
       return Report(iid, static_cast<HRESULT>(error.number()), error.source(), error.description());
     } catch (const OverflowError&) {
-      return Report(iid, kOverflow, kSource, u"Desbordamiento");
+      return ReportOverflow(iid);
     } catch (const InvalidArgumentError&) {
-      return Report(iid, kInvalidArgument, kSource,
-                    u"Argumento o llamada a procedimiento no válida");
+      return ReportInvalidArgument(iid);
     } catch (const ObjectNotSetError&) {
       return Report(iid, kObjectNotSet, kSource,
                     u"Variable de objeto o de bloque With no establecida");

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "component/com_support.h"
+#include "translate/line_error.h"
 
 namespace conmuta::component {
 
@@ -15,6 +16,10 @@ class TypeMismatchError {};
 // For a handler of any exception: its HRESULT, with number, source and description left for the
 // caller to fetch where it has them.
 HRESULT ReportCurrentException(REFIID iid) noexcept;
+
+// The same for an error of a line, S_OK for none: costs less than an exception, and broken captures
+// have many.
+HRESULT ReportLine(REFIID iid, LineError error) noexcept;
 
 // Answers for a call that failed for a reason that needs no words.
 HRESULT ReportPlain(HRESULT result) noexcept;

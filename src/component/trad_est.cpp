@@ -23,7 +23,9 @@ class TradEST final : public Base {
     return GetText(valor, [&]() -> TextView { return translator_->Llamada(); });
   }
   STDMETHODIMP put_Llamada(BSTR valor) override {
-    return Do([&] { translator_->Llamada(View(valor)); });
+    LineError error = LineError::kNone;
+    const HRESULT done = Do([&] { error = translator_->Translate(View(valor)); });
+    return FAILED(done) ? done : ReportLine(IID__clsTradEST, error);
   }
   STDMETHODIMP get_Conmutador(_clsCfgConmut** valor) override {
     return Get(valor, [&] { return config_.CopyTo(); });

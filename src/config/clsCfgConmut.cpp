@@ -176,7 +176,7 @@ Text clsCfgConmut::Constante() const {
 void clsCfgConmut::Constante(TextView value) {
   const std::int16_t number = FindOrMake(ctes_, active_cte_);
   if (ctes_[number].Constante.Assign(value)) NotifyChange();
-  CTE& slot = ctes_[number];
+  CTE& slot = ctes_[number];  // again: see WriteByte
   slot.Tam = static_cast<std::uint8_t>(slot.Constante.Length());
   slot.TipoDato = CTE::kTypeWhenWritten;
   ReleaseUnlessValid(slot);

@@ -77,8 +77,8 @@ class clsCfgConmut {
   emParamDatoConstante CTEActivo() const { return active_cte_; }
   void CTEActivo(emParamDatoConstante kind) { active_cte_ = kind; }
 
-  bool HayDATO() const { return datos_.FindValid(active_dato_) != nullptr; }
-  bool HayCTE() const { return ctes_.FindValid(active_cte_) != nullptr; }
+  bool HayDATO() const { return FindDATO(active_dato_) != nullptr; }
+  bool HayCTE() const { return FindCTE(active_cte_) != nullptr; }
 
   // Reading without a slot gives 0 or the empty text. Writing makes a slot where there is none,
   // and releases it again while it is incomplete.
@@ -99,16 +99,22 @@ class clsCfgConmut {
   Text Constante() const;
   void Constante(TextView value);  // cut to 20 characters; sets CTETam to what is left
 
-  // Addresses a kind and gives its slot when that is valid, else null: what a reader of lines
-  // needs, in one step. The slot stays good until the next write to a slot property.
+  // The valid slot of a kind, or null; good until the next write to a slot property.
+  const DATO* FindDATO(emParamDato kind) const { return datos_.FindValid(kind); }
+  const CTE* FindCTE(emParamDatoConstante kind) const { return ctes_.FindValid(kind); }
+
+  // The same, and addresses the kind.
   const DATO* SelectDATO(emParamDato kind) {
     active_dato_ = kind;
-    return datos_.FindValid(kind);
+    return FindDATO(kind);
   }
   const CTE* SelectCTE(emParamDatoConstante kind) {
     active_cte_ = kind;
-    return ctes_.FindValid(kind);
+    return FindCTE(kind);
   }
+
+  // Differs from what it was before whenever a slot may have changed.
+  std::uint64_t SlotRevision() const { return datos_.Revision() + ctes_.Revision(); }
 
   // The connector pair and pins that PinesConectados addresses. Any pair is stored. A pin is
   // stored only while a pair is set and when it lies within the pins of the LEFT connector: hosts

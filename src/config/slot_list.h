@@ -1,4 +1,4 @@
-// The growable list of a configuration's slots, with an index by kind.
+// The growable list of a configuration's slots, with an index by kind and a count of its changes.
 #pragma once
 
 #include <array>
@@ -33,6 +33,7 @@ class SlotList {
       ++place;
     }
     const auto number = Narrow<std::int16_t>(place + 1);
+    ++revision_;
     if (place == slots_.size()) slots_.emplace_back();
 
     Slot& slot = slots_[place];
@@ -52,18 +53,28 @@ class SlotList {
   }
 
   void ReleaseAll() {
+    ++revision_;
     for (Slot& slot : slots_) slot.TipoDato = emNoDefinido;
   }
 
-  Slot& operator[](std::int16_t number) { return slots_[static_cast<std::size_t>(number - 1)]; }
+  // Counts as a change: to be asked for again before each write.
+  Slot& operator[](std::int16_t number) {
+    ++revision_;
+    return slots_[static_cast<std::size_t>(number - 1)];
+  }
   const Slot& operator[](std::int16_t number) const {
     return slots_[static_cast<std::size_t>(number - 1)];
   }
+
+  // Grows with every change.
+  std::uint64_t Revision() const { return revision_; }
+
   auto begin() const { return slots_.begin(); }
   auto end() const { return slots_.end(); }
 
  private:
   std::vector<Slot> slots_;
+  std::uint64_t revision_ = 0;
   std::array<std::int16_t, Slot::kUpperBound> by_kind_{};
 };
 

@@ -37,13 +37,19 @@ std::int64_t FirstOfMonth(std::int64_t month) {
 
 }  // namespace
 
-std::int64_t DayNumber(int year, int month, int day) {
+std::optional<std::int64_t> TryDayNumber(int year, int month, int day) {
   year = FullYear(year);
-  if (year < kFirstYear || year > kLastYear) throw InvalidArgumentError();
+  if (year < kFirstYear || year > kLastYear) return std::nullopt;
   const std::int64_t number =
       FirstOfMonth(std::int64_t{year} * 12 + month - 1) + (std::int64_t{day} - 1);
-  if (number < kFirstDay || number > kLastDay) throw InvalidArgumentError();
+  if (number < kFirstDay || number > kLastDay) return std::nullopt;
   return number;
+}
+
+std::int64_t DayNumber(int year, int month, int day) {
+  const auto number = TryDayNumber(year, month, day);
+  if (!number) throw InvalidArgumentError();
+  return *number;
 }
 
 CivilDate DateOfDayNumber(std::int64_t day_number) {

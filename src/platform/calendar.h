@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 namespace conmuta {
 
@@ -22,6 +23,9 @@ inline constexpr std::int64_t kSecondsPerDay = 24 * 60 * 60;
 // years 0 to 29 mean 2000 to 2029 and 30 to 99 mean 1930 to 1999. InvalidArgumentError when year
 // or result leave the years 100 to 9999.
 std::int64_t DayNumber(int year, int month, int day);
+
+// The same, with nothing instead of the error.
+std::optional<std::int64_t> TryDayNumber(int year, int month, int day);
 
 // The date of a day number.
 CivilDate DateOfDayNumber(std::int64_t day_number);

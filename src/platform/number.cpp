@@ -23,11 +23,12 @@ bool RoundsUp(TextView fraction, bool whole_is_odd) {
 }  // namespace
 
 std::int64_t ReadDigits(TextView text) {
-  constexpr std::size_t kAlwaysFits = 17;
+  constexpr std::size_t kFew = 9;
+  if (text.size() <= kFew) return ReadFewDigits(text);
   std::int64_t value = kNoDigits;
   for (const char16_t c : text) {
     if (!IsDigit(c)) continue;
-    if (text.size() > kAlwaysFits && value >= kBeyondEveryWidth / 10) return kBeyondEveryWidth;
+    if (value >= kBeyondEveryWidth / 10) return kBeyondEveryWidth;
     value = (value == kNoDigits ? 0 : value * 10) + (c - u'0');
   }
   return value;

@@ -3,11 +3,14 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
+#include <optional>
 
 #include "platform/calendar.h"
 #include "platform/clock.h"
 #include "translate/bounded_text.h"
 #include "translate/enums.h"
+#include "translate/line_error.h"
 
 namespace conmuta {
 
@@ -18,7 +21,17 @@ class clsLlamadaTRD {
   explicit clsLlamadaTRD(const Clock& clock) : clock_(&clock) {}
 
   // Everything 0 or empty, TipoLlamada undefined.
-  void Inicializa();
+  void Inicializa() {
+    moments_ = {};
+    ring_ = 0;
+    type_ = emLlamadaIndefinida;
+    attribute_ = emSinAtributo;
+    phone_.Clear();
+    transferred_to_.Clear();
+    caller_.Clear();
+    callee_.Clear();
+    account_.Clear();
+  }
 
   // The parts of the start (emParamFecha) and of the duration (emParamDuracion). A value out of
   // range is stored as 0, and for the start a year, month or day of 0 becomes today's. Hours,
@@ -33,14 +46,24 @@ class clsLlamadaTRD {
   void Anio(emParamTipoFecha emParam, std::int16_t value) { Anio(emParam, value, *clock_); }
   void Mes(emParamTipoFecha emParam, std::int16_t value) { Mes(emParam, value, *clock_); }
   void Dia(emParamTipoFecha emParam, std::int16_t value) { Dia(emParam, value, *clock_); }
-  void Horas(emParamTipoFecha emParam, std::int16_t value);
-  void Minutos(emParamTipoFecha emParam, std::int16_t value);
-  void Segundos(emParamTipoFecha emParam, std::int16_t value);
+  void Horas(emParamTipoFecha emParam, std::int16_t value) { Raise(TryHoras(emParam, value)); }
+  void Minutos(emParamTipoFecha emParam, std::int16_t value) { Raise(TryMinutos(emParam, value)); }
+  void Segundos(emParamTipoFecha emParam, std::int16_t value) {
+    Raise(TrySegundos(emParam, value));
+  }
 
   // The same, dated by another clock.
-  void Anio(emParamTipoFecha emParam, std::int16_t value, const Clock& clock);
-  void Mes(emParamTipoFecha emParam, std::int16_t value, const Clock& clock);
-  void Dia(emParamTipoFecha emParam, std::int16_t value, const Clock& clock);
+  template <class AnyClock>
+  void Anio(emParamTipoFecha emParam, std::int16_t value, const AnyClock& clock);
+  template <class AnyClock>
+  void Mes(emParamTipoFecha emParam, std::int16_t value, const AnyClock& clock);
+  template <class AnyClock>
+  void Dia(emParamTipoFecha emParam, std::int16_t value, const AnyClock& clock);
+
+  // The same for who wants the error as a value. Nothing is stored then.
+  [[nodiscard]] LineError TryHoras(emParamTipoFecha emParam, std::int16_t value);
+  [[nodiscard]] LineError TryMinutos(emParamTipoFecha emParam, std::int16_t value);
+  [[nodiscard]] LineError TrySegundos(emParamTipoFecha emParam, std::int16_t value);
 
   // Date of the start, parts rolled over; 1 January 100 when there is no year.
   // InvalidArgumentError for a year above 9999.
@@ -61,26 +84,46 @@ class clsLlamadaTRD {
   emAtributosLlamadas Atributos() const { return attribute_; }
   emAtributosLlamadas Atributos(emAtributosLlamadas value);
 
-  // Cut to 30 (numbers, account code) or 10 (parties) characters; NULs are dropped. What is read
-  // lives until the record changes.
+  // Cut to 30 (numbers, account code) or 10 (parties) characters; NULs are dropped. Those that
+  // stand in lines take digits as well (bounded_text.h). What is read lives until the record
+  // changes.
   TextView Telefono() const { return phone_; }
-  void Telefono(TextView value) { phone_ = value; }
+  template <class Characters>
+  void Telefono(const Characters& value) {
+    phone_ = value;
+  }
   TextView ExtensionTransferida() const { return transferred_to_; }
   void ExtensionTransferida(TextView value) { transferred_to_ = value; }
   TextView Emisor() const { return caller_; }
-  void Emisor(TextView value) { caller_ = value; }
+  template <class Characters>
+  void Emisor(const Characters& value) {
+    caller_ = value;
+  }
   TextView Receptor() const { return callee_; }
-  void Receptor(TextView value) { callee_ = value; }
+  template <class Characters>
+  void Receptor(const Characters& value) {
+    callee_ = value;
+  }
   TextView CodigoCuenta() const { return account_; }
-  void CodigoCuenta(TextView value) { account_ = value; }
+  template <class Characters>
+  void CodigoCuenta(const Characters& value) {
+    account_ = value;
+  }
 
   // An afternoon hour of a 12-hour clock in 24-hour form: 1 to 11 gain 12.
-  void AjustarHoraVespertina12Hrs24Hrs(emParamTipoFecha emParam);
+  void AjustarHoraVespertina12Hrs24Hrs(emParamTipoFecha emParam) {
+    Moment* moment = Find(emParam);
+    if (moment != nullptr && moment->Horas >= 1 && moment->Horas <= 11) {
+      moment->Horas = static_cast<std::int16_t>(moment->Horas + 12);
+    }
+  }
 
   // Takes the duration's parts as a second moment and replaces them by the time from it to the
   // start, negative when it is the later one. Hosts rely on nothing happening when any of the
-  // twelve parts is 0: that stands for one that was not read.
-  void AjustaDuracionPorRestaFechas();
+  // twelve parts is 0: that stands for one that was not read. InvalidArgumentError for a year above
+  // 9999; OverflowError, with the second moment's date gone, for more than 32767 hours.
+  void AjustaDuracionPorRestaFechas() { Raise(TryAjustaDuracionPorRestaFechas()); }
+  [[nodiscard]] LineError TryAjustaDuracionPorRestaFechas();
 
   // Whether the call can be billed: type defined, both parties and the date known.
   bool EsValido() const;
@@ -97,13 +140,31 @@ class clsLlamadaTRD {
     std::int16_t Segundos = 0;
 
     bool IsComplete() const;
-    std::int64_t Seconds() const;  // since day 0
+    // Since day 0; nothing for a year beyond the calendar.
+    std::optional<std::int64_t> Seconds() const;
   };
 
   // The moment that an index addresses, or null.
-  Moment* Find(emParamTipoFecha emParam);
-  const Moment* Find(emParamTipoFecha emParam) const;
-  std::int16_t Read(emParamTipoFecha emParam, std::int16_t Moment::*part) const;
+  Moment* Find(emParamTipoFecha emParam) {
+    return emParam == emParamFecha      ? &moments_[0]
+           : emParam == emParamDuracion ? &moments_[1]
+                                        : nullptr;
+  }
+  const Moment* Find(emParamTipoFecha emParam) const {
+    return const_cast<clsLlamadaTRD*>(this)->Find(emParam);
+  }
+  std::int16_t Read(emParamTipoFecha emParam, std::int16_t Moment::*part) const {
+    const Moment* moment = Find(emParam);
+    return moment != nullptr ? moment->*part : std::int16_t{0};
+  }
+
+  // Stores a part of a moment: 0 for a value out of range; for the start today's instead of 0.
+  template <class Today>
+  void WriteDatePart(emParamTipoFecha emParam, std::int16_t Moment::*part, std::int16_t value,
+                     std::int16_t last, Today today);
+  // Likewise; for the ring adds the seconds that the value stands for.
+  LineError WriteTimePart(emParamTipoFecha emParam, std::int16_t Moment::*part, std::int16_t value,
+                          std::int16_t last, std::int16_t seconds);
 
   const Moment& Start() const { return moments_[0]; }
   const Moment& Duration() const { return moments_[1]; }
@@ -119,5 +180,61 @@ class clsLlamadaTRD {
   BoundedText<10> callee_;
   BoundedText<30> account_;
 };
+
+template <class Today>
+void clsLlamadaTRD::WriteDatePart(emParamTipoFecha emParam, std::int16_t Moment::*part,
+                                  std::int16_t value, std::int16_t last, Today today) {
+  Moment* moment = Find(emParam);
+  if (moment == nullptr) return;
+  if (value < 1 || value > last) value = 0;
+  if (value == 0 && emParam == emParamFecha) value = static_cast<std::int16_t>(today());
+  moment->*part = value;
+}
+
+template <class AnyClock>
+void clsLlamadaTRD::Anio(emParamTipoFecha emParam, std::int16_t value, const AnyClock& clock) {
+  WriteDatePart(emParam, &Moment::Anio, value, std::numeric_limits<std::int16_t>::max(),
+                [&] { return clock.Today().year; });
+}
+
+template <class AnyClock>
+void clsLlamadaTRD::Mes(emParamTipoFecha emParam, std::int16_t value, const AnyClock& clock) {
+  WriteDatePart(emParam, &Moment::Mes, value, 12, [&] { return clock.Today().month; });
+}
+
+template <class AnyClock>
+void clsLlamadaTRD::Dia(emParamTipoFecha emParam, std::int16_t value, const AnyClock& clock) {
+  WriteDatePart(emParam, &Moment::Dia, value, 31, [&] { return clock.Today().day; });
+}
+
+inline LineError clsLlamadaTRD::WriteTimePart(emParamTipoFecha emParam, std::int16_t Moment::*part,
+                                              std::int16_t value, std::int16_t last,
+                                              std::int16_t seconds) {
+  if (value < 0 || value > last) value = 0;
+  if (Moment* moment = Find(emParam)) moment->*part = value;
+  if (emParam != emParamRING) return LineError::kNone;
+  // The product is 16-bit on purpose: hosts know a ring of ten hours as an overflow.
+  std::int16_t product = 0;
+  std::int32_t ring = 0;
+  if (__builtin_mul_overflow(value, seconds, &product) ||
+      __builtin_add_overflow(ring_, product, &ring)) {
+    return LineError::kOverflow;
+  }
+  ring_ = ring;
+  return LineError::kNone;
+}
+
+inline LineError clsLlamadaTRD::TryHoras(emParamTipoFecha emParam, std::int16_t value) {
+  return WriteTimePart(emParam, &Moment::Horas, value, std::numeric_limits<std::int16_t>::max(),
+                       3600);
+}
+
+inline LineError clsLlamadaTRD::TryMinutos(emParamTipoFecha emParam, std::int16_t value) {
+  return WriteTimePart(emParam, &Moment::Minutos, value, 59, 60);
+}
+
+inline LineError clsLlamadaTRD::TrySegundos(emParamTipoFecha emParam, std::int16_t value) {
+  return WriteTimePart(emParam, &Moment::Segundos, value, 59, 1);
+}
 
 }  // namespace conmuta

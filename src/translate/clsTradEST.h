@@ -3,14 +3,17 @@
 
 #include "config/clsCfgConmut.h"
 #include "translate/clsLlamadaTRD.h"
-#include "translate/line_reader.h"
+#include "translate/line_plan.h"
 #include "translate/pending_calls.h"
+#include "translate/translations.h"
+#include "translate/watch.h"
 
 namespace conmuta {
 
 // Setting the text or the configuration clears the call record and fills it anew. What cannot be
-// translated leaves it cleared; only OverflowError and InvalidArgumentError come out, and then the
-// record holds what was read so far. Once warm, a line costs no allocation.
+// translated leaves it cleared. OverflowError and InvalidArgumentError (LineError, where errors are
+// values) come of the line alone, and then the record holds what was read so far. Once warm, a
+// line costs no allocation.
 class clsTradEST {
  public:
   explicit clsTradEST(const Clock& clock);
@@ -18,8 +21,15 @@ class clsTradEST {
   clsTradEST& operator=(const clsTradEST&) = delete;
 
   // The raw text, less the line ends it began with. Setting it translates it, the same text too.
-  const Text& Llamada() const { return line_; }
-  void Llamada(TextView value);
+  TextView Llamada() const { return line_.View(); }
+  void Llamada(TextView value) { Raise(Translate(value)); }
+
+  // The same with the error as a value, which costs far less than an exception.
+  [[nodiscard]] LineError Translate(TextView value);
+
+  // The same, telling the observer what is looked at and what comes of it. An error is no
+  // exception here: the verdict has it.
+  Verdict Translate(TextView value, LineObserver& observer);
 
   // The configuration in use, or null. Not owned: it must live until another takes its place.
   // Setting it translates the present text anew.
@@ -32,8 +42,8 @@ class clsTradEST {
   // The translations that the configuration's case chooses from. Called directly they work on top
   // of the present record; ObjectNotSetError without a configuration.
   void TraduceEstandar();
-  void TraduceMeridian01();
-  void TraduceNortelNorstar0x32SMDR6();
+  void TraduceMeridian01() { TranslateOnTop(emCasoNortelMeridian01); }
+  void TraduceNortelNorstar0x32SMDR6() { TranslateOnTop(emCasoNortelNorstar0x32SMDR6); }
 
   // The list of calls waiting for the end of their transfer: PendingCalls tells the rules.
   void AltaLlamadaLista() { pending_.Park(call_); }
@@ -41,22 +51,21 @@ class clsTradEST {
   std::int16_t BuscaLlamadaTroncalLista(TextView cadTron) const { return pending_.Find(cadTron); }
 
  private:
-  void Translate();
-  LineReader ReadLine();
-  void PairTransfer(LineReader& reader);
-  void JoinTransferEnd(LineReader& reader);
-  std::int16_t FindParkedOnTrunk() const;
-  void OpenNorstarBlock(LineReader& reader);
-  void EmitNorstarCall();
-  void TakeUpNorstarTransfer();
+  // Why there is nothing to translate with, or nothing to translate; kNone when there is.
+  NoCall Obstacle() const;
+  template <class Watch>
+  LineError Run(const Translation& translation, Watch& watch);
+  LineError TranslateLine();
+  void TranslateOnTop(emCasos code);
 
   HeldClock today_;
-  Text line_;
+  FullYears years_;
+  LineText line_;
   clsCfgConmut* config_ = nullptr;
+  CurrentPlan plan_;
   clsLlamadaTRD call_;
   PendingCalls pending_;
-  clsLlamadaTRD block_call_;  // the Norstar call being put together
-  bool block_is_open_ = false;
+  TranslationStates states_;
 };
 
 }  // namespace conmuta

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 #include <optional>
 
@@ -16,8 +17,8 @@ class PendingCalls {
 
   // Keeps a copy: in the first slot that is free or holds a call on the same trunk, else in the
   // first empty one. Hosts rely on the trunk being compared exactly here, and on a call that finds
-  // all slots taken being dropped.
-  void Park(const clsLlamadaTRD& call);
+  // all slots taken being dropped: false.
+  bool Park(const clsLlamadaTRD& call);
 
   // The first slot whose call is on that trunk, or 0. Letter case and blanks around `trunk` do not
   // count; blanks in the parked call's own trunk do.
@@ -26,13 +27,26 @@ class PendingCalls {
   // Marks a slot's record as free. Anything but the number of a slot with a record is ignored.
   void Free(std::int16_t slot);
 
-  // The record in a slot that Find gave.
-  clsLlamadaTRD& operator[](std::int16_t slot) {
-    return *slots_[static_cast<std::size_t>(slot - 1)];
-  }
+  // The record in a slot that Find gave, and another in its place.
+  const clsLlamadaTRD& operator[](std::int16_t slot) const { return *calls_[Index(slot)]; }
+  void Replace(std::int16_t slot, const clsLlamadaTRD& call);
 
  private:
-  std::array<std::optional<clsLlamadaTRD>, kSlots> slots_;
+  // What a trunk comes to in either letter case, so that most calls need no second look.
+  using Key = std::uint32_t;
+  static constexpr Key kNoTrunk = 0;
+
+  static std::size_t Index(std::int16_t slot) { return static_cast<std::size_t>(slot - 1); }
+  static Key KeyOf(TextView trunk);
+  void Keep(std::size_t index, const clsLlamadaTRD& call);
+
+  // Slots fill in their order and are never emptied: the first used_ have records.
+  std::size_t used_ = 0;
+  std::array<std::optional<clsLlamadaTRD>, kSlots> calls_;
+  std::bitset<kSlots> free_;
+  // The trunks of each call, kNoTrunk where it has none; the second is for calls between trunks.
+  std::array<Key, kSlots> trunk_{};
+  std::array<Key, kSlots> other_trunk_{};
 };
 
 }  // namespace conmuta

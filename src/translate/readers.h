@@ -1,4 +1,6 @@
-// How one item is read out of a line: the procedures that every translation is made of.
+// How one item is read out of a line, each by a procedure of its own: LineReader's rules under the
+// names that the field knows them by. A translation uses the reader itself, which compiles a
+// configuration once and not for each item.
 //
 // Each addresses the slots that it looks at, so the configuration's DATOActivo and CTEActivo are
 // afterwards those looked at last; hosts can see that. Nothing else of it changes. A missing slot
@@ -6,20 +8,22 @@
 // 255, and for digits beyond the width of the result.
 #pragma once
 
-#include <array>
 #include <cstdint>
 
 #include "config/clsCfgConmut.h"
 #include "platform/clock.h"
+#include "translate/bounded_text.h"
 #include "translate/enums.h"
 
 namespace conmuta::basConmuta {
 
 // Room for the text of a field when it cannot be shown as a piece of the line.
-using FieldBuffer = std::array<char16_t, 255>;
+using FieldBuffer = BoundedText<255>;
 
 // The ASCII digits of a text in their order, 255 at most.
-TextView DigitsOf(TextView text, FieldBuffer& buffer);
+inline TextView DigitsOf(TextView text, FieldBuffer& buffer) {
+  return buffer = conmuta::DigitsOf{text};
+}
 
 // The text at the slot's place, cut at the end of the line; for a numeric slot its digits only.
 // The answer lives as long as both line and buffer.

@@ -1,10 +1,7 @@
-// Nortel Norstar: a block of lines a call. A separator line opens the block and tells when and
-// between whom; event lines follow, each text behind a prefix that may hold the elapsed time.
+#include "translate/cases/norstar.h"
+
 #include <algorithm>
 #include <array>
-#include <optional>
-
-#include "translate/clsTradEST.h"
 
 namespace conmuta {
 namespace {
@@ -52,100 +49,103 @@ Event EventOf(TextView text) {
 constexpr std::size_t kDialedColumn = 18;
 constexpr std::size_t kPasswordColumn = 22;
 
-// The digits of the text from a column on; nothing when it ends before.
-std::optional<TextView> DigitsFrom(TextView text, std::size_t column,
-                                   basConmuta::FieldBuffer& buffer) {
-  if (text.size() < column) return std::nullopt;
-  return basConmuta::DigitsOf(text.substr(column - 1), buffer);
-}
-
 }  // namespace
 
-void clsTradEST::TraduceNortelNorstar0x32SMDR6() {
-  LineReader reader = ReadLine();
-  const TextView line = line_;
-  if (line.starts_with(kSeparator)) return OpenNorstarBlock(reader);
-  if (!block_is_open_) return;
-  if (line.size() < kPrefixLength) throw InvalidArgumentError();
+template <class Watch>
+bool Norstar::Translate(Work<Watch>& work) {
+  LineReader<Watch>& line = work.line;
+  if (line.line().starts_with(kSeparator)) return OpenBlock(work);
+  if (!block_is_open_) {
+    line.watch().Because(NoCall::kOutsideBlock);
+    return true;
+  }
+  if (line.line().size() < kPrefixLength) return line.Check(LineError::kInvalidArgument);
 
-  const TextView text = line.substr(kPrefixLength);
-  basConmuta::FieldBuffer buffer;
+  const TextView text = line.line().substr(kPrefixLength);
   switch (EventOf(text)) {
     case Event::kTransferred:
-      reader.ReadDurationTime(block_call_);
+      if (!line.ReadDurationTime(block_call_)) return false;
       block_call_.Atributos(block_call_.Atributos() != emSinAtributo ? emAtributoEnTransferencia
                                                                      : emAtributoIniTransferida);
-      EmitNorstarCall();
-      AltaLlamadaLista();
-      break;
-    case Event::kIncomingCall: {
-      // The separator was read as that of an outgoing call.
-      const BoundedText<10> trunk = block_call_.Receptor();
-      block_call_.Receptor(block_call_.Emisor());
-      block_call_.Emisor(trunk);
-      block_call_.TipoLlamada(emLlamadaEntrante);
-      break;
-    }
-    case Event::kFromTransfer:
-      TakeUpNorstarTransfer();
-      break;
+      Deliver(work.call);
+      work.Park();
+      return true;
     case Event::kCallReleased:
-      reader.ReadDurationTime(block_call_);
+      if (!line.ReadDurationTime(block_call_)) return false;
       if (block_call_.Atributos() == emAtributoEnTransferencia) {
         block_call_.Atributos(emAtributoFinTransferida);
       }
-      EmitNorstarCall();
+      Deliver(work.call);
+      return true;
+    case Event::kIncomingCall:
+      SwapParties();
+      break;
+    case Event::kFromTransfer:
+      if (!TakeUpTransfer(work.pending)) line.watch().Because(NoCall::kTransferNotFound);
       break;
     case Event::kDigitsDialed:
-      if (block_call_.TipoLlamada() != emLlamadaSaliente) break;
-      if (const auto digits = DigitsFrom(text, kDialedColumn, buffer)) {
-        block_call_.Telefono(*digits);
+      if (block_call_.TipoLlamada() == emLlamadaSaliente && text.size() >= kDialedColumn) {
+        block_call_.Telefono(DigitsOf{text.substr(kDialedColumn - 1)});
       }
       break;
     case Event::kRestrictionPassword:
-      if (const auto digits = DigitsFrom(text, kPasswordColumn, buffer)) {
-        block_call_.CodigoCuenta(*digits);
+      if (text.size() >= kPasswordColumn) {
+        block_call_.CodigoCuenta(DigitsOf{text.substr(kPasswordColumn - 1)});
       }
       break;
     case Event::kNone:
       break;
   }
+  line.watch().Because(NoCall::kPartOfBlock);
+  return true;
 }
 
-void clsTradEST::OpenNorstarBlock(LineReader& reader) {
-  call_.CopiaLlamada(block_call_);  // a block that ended without an end is delivered now
+CONMUTA_TRANSLATION(Norstar);
+
+template <class Watch>
+bool Norstar::OpenBlock(Work<Watch>& work) {
+  work.call.CopiaLlamada(block_call_);  // a block that ended without an end is delivered now
+  if (!work.call.EsValido()) work.line.watch().Because(NoCall::kBlockBegins);
   block_call_.Inicializa();
-  reader.ReadStart(block_call_);
+  if (!work.line.ReadStart(block_call_)) return false;
   block_call_.TipoLlamada(emLlamadaSaliente);
   block_call_.Atributos(emSinAtributo);
   // Hosts rely on the parties being read with the attribute of the call delivered before.
-  reader.ReadParties(block_call_, call_.Atributos());
+  if (!work.line.ReadParties(block_call_, work.call.Atributos())) return false;
   block_is_open_ = true;
+  return true;
 }
 
-void clsTradEST::EmitNorstarCall() {
-  call_.CopiaLlamada(block_call_);
+void Norstar::Deliver(clsLlamadaTRD& call) {
+  call.CopiaLlamada(block_call_);
   block_call_.Inicializa();
   block_is_open_ = false;
 }
 
-void clsTradEST::TakeUpNorstarTransfer() {
-  const std::int16_t slot = BuscaLlamadaTroncalLista(block_call_.Receptor());
-  if (slot == 0) {
-    block_is_open_ = false;
-    return;
-  }
+// The separator was read as that of an outgoing call.
+void Norstar::SwapParties() {
+  const BoundedText<10> trunk = block_call_.Receptor();
+  block_call_.Receptor(block_call_.Emisor());
+  block_call_.Emisor(trunk);
+  block_call_.TipoLlamada(emLlamadaEntrante);
+}
+
+// Goes on with the parked call of this trunk; without one the block is given up.
+bool Norstar::TakeUpTransfer(PendingCalls& pending) {
+  const std::int16_t slot = pending.Find(block_call_.Receptor());
+  if (slot == 0) return block_is_open_ = false;
   const BoundedText<10> extension = block_call_.TipoLlamada() == emLlamadaEntrante
                                         ? block_call_.Receptor()
                                         : block_call_.Emisor();
-  block_call_.CopiaLlamada(pending_[slot]);
-  QuitaLlamadaLista(slot);
+  block_call_.CopiaLlamada(pending[slot]);
+  pending.Free(slot);
   if (block_call_.TipoLlamada() == emLlamadaEntrante) {
     block_call_.Receptor(extension);
   } else {
     block_call_.Emisor(extension);
   }
   block_call_.Atributos(emAtributoEnTransferencia);
+  return true;
 }
 
 }  // namespace conmuta

@@ -1,0 +1,81 @@
+// Watching a translation: what was looked at in a line, what was made of it, and the verdict.
+#pragma once
+
+#include <cstdint>
+
+#include "config/enums.h"
+#include "platform/text.h"
+#include "translate/verdict.h"
+
+namespace conmuta {
+
+// Views live until the observer returns.
+struct ItemRead {
+  emParamDato kind = emNoParamDato;
+  bool defined = false;  // whether the configuration gives it a place; pos and size are 0 if not
+  int pos = 0;           // 1-based column
+  int size = 0;          // columns
+  TextView found;        // what stands there, cut at the end of the line
+  bool is_number = false;
+  std::int32_t number = 0;             // what a number item is used as, after the rules of its kind
+  TextView text;                       // what a text item is used as
+  LineError error = LineError::kNone;  // why it has no value
+};
+
+struct ConstantRead {
+  emParamDatoConstante kind = emNoParamDatoConstante;
+  bool defined = false;
+  int pos = 0;
+  int size = 0;
+  TextView wanted;
+  TextView found;
+  bool stands = false;
+  LineError error = LineError::kNone;
+};
+
+// Told of everything in the order in which it happens; must neither translate nor change the
+// configuration meanwhile.
+class LineObserver {
+ public:
+  virtual ~LineObserver() = default;
+  virtual void Read(const ItemRead&) {}
+  virtual void Looked(const ConstantRead&) {}
+  virtual void Ended(const Verdict&) {}
+};
+
+// What a translation tells what it does. Both kinds have the same members; nothing is left of the
+// calls where nobody watches.
+class Unwatched {
+ public:
+  static constexpr bool kWatches = false;
+  void Read(const ItemRead&) const {}
+  void Looked(const ConstantRead&) const {}
+  void Because(NoCall) const {}
+  void Parked() const {}
+};
+
+class Watched {
+ public:
+  static constexpr bool kWatches = true;
+  explicit Watched(LineObserver& observer) : observer_(observer) {}
+
+  void Read(const ItemRead& item) const { observer_.Read(item); }
+  void Looked(const ConstantRead& constant) const { observer_.Looked(constant); }
+
+  // Why the line gives no call; the first reason stays.
+  void Because(NoCall reason) {
+    if (reason_ == NoCall::kNone) reason_ = reason;
+  }
+  // The line's call, or code, was put on the list of those that wait.
+  void Parked() { parked_ = true; }
+
+  NoCall reason() const { return reason_; }
+  bool parked() const { return parked_; }
+
+ private:
+  LineObserver& observer_;
+  NoCall reason_ = NoCall::kNone;
+  bool parked_ = false;
+};
+
+}  // namespace conmuta
