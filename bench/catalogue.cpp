@@ -1,14 +1,17 @@
 // Time per file of scanning a catalogue: it must not grow with their number.
-#include <benchmark/benchmark.h>
-
-#include <map>
+#include <unordered_map>
 #include <vector>
 
-#include "capture.h"
 #include "catalogue/frmConmutador.h"
+#include "platform/platform.h"
+#include "row.h"
+#include "sections.h"
+#include "turns.h"
 
 namespace conmuta::bench {
 namespace {
+
+constexpr double kMostGrowth = 2;
 
 // A folder of configurations in memory.
 class MemoryFiles final : public FileSystem {
@@ -65,21 +68,29 @@ class SilentView final : public frmConmutador::View {
   void Close() override {}
 };
 
-void ScanCatalogue(benchmark::State& state) {
-  MemoryFiles files(static_cast<int>(state.range(0)));
+// The nanoseconds that a file costs.
+double Scan(int count) {
+  MemoryFiles files(count);
   const Platform& system = SystemPlatform();
   const Platform platform{files, system.clock, system.code_page, system.profiles};
-  for (auto _ : state) {
+  const auto spent = BestOfTurns({[&] {
     SilentView view;
     frmConmutador manager(platform, view, [] {});
     manager.Prefijo(u"cnm");
     manager.Extension(u"cfg");
     manager.Directorio(u"C:\\");
-    benchmark::DoNotOptimize(manager.tree());
-  }
-  state.SetItemsProcessed(state.iterations() * state.range(0));
+  }});
+  return spent[0] / count;
 }
-BENCHMARK(ScanCatalogue)->Arg(500)->Arg(5000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
+
+void MeasureCatalogue() {
+  const double small = Scan(500);
+  const double large = Scan(5000);
+  PrintRow("catalogue of 500 files", small / 1000, "us a file");
+  PrintRow("catalogue of 5000 files", large / 1000, "us a file");
+  PrintRow("file of 5000 to one of 500", large / small, "times", kMostGrowth);
+}
+
 }  // namespace conmuta::bench

@@ -1,0 +1,17 @@
+// The parts of the core's benchmark. Each prints its rows.
+#pragma once
+
+#include "lines.h"
+
+namespace conmuta::bench {
+
+void MeasureStandardCase(const Lines& lines);  // beside the parser written by hand
+void MeasureCaptures();
+void MeasureErrors();
+void MeasureParkedCalls();
+void CountAllocations(const Lines& lines);
+void MeasureLongLines();
+void MeasureFile(std::size_t lines);  // made up as those of the standard case
+void MeasureCatalogue();
+
+}  // namespace conmuta::bench

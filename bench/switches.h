@@ -1,0 +1,47 @@
+// The example switches, and a translator set up for one of them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "lines.h"
+#include "translate/clsTradEST.h"
+
+namespace conmuta::bench {
+
+std::vector<std::string> Switches();
+
+Text ConfigPath(const std::string& name);
+Lines Capture(const std::string& name);
+
+class Translator {
+ public:
+  Translator();  // without a configuration: takes texts and translates none
+  explicit Translator(const std::string& name);
+
+  // False when the line ended in an error; cut and glued lines of a capture do.
+  bool Translate(TextView line) {
+    try {
+      translator_.Llamada(line);
+      return true;
+    } catch (const OverflowError&) {
+      return false;
+    } catch (const InvalidArgumentError&) {
+      return false;
+    }
+  }
+  void Translate(const Lines& lines) {
+    for (std::size_t i = 0; i < lines.size(); ++i) Translate(lines[i]);
+  }
+
+  const clsLlamadaTRD& call() { return translator_.InfoLlamada(); }
+  std::int16_t ParkedOn(TextView trunk) const {
+    return translator_.BuscaLlamadaTroncalLista(trunk);
+  }
+
+ private:
+  clsCfgConmut config_;
+  clsTradEST translator_;
+};
+
+}  // namespace conmuta::bench
