@@ -59,10 +59,9 @@ void Check(bool passed) {
 
 void clsCfgConmut::Exportar(TextView cadArch) {
   if (Trim(cadArch).empty()) throw MakeConfigError(emErrorNoHayArchivo, u"Exportar");
-  platform_.files.Remove(cadArch);  // no stale key survives; that there is no file is fine
 
   const CodePage& code_page = platform_.code_page;
-  const auto file = platform_.profiles.Open(cadArch);
+  const auto file = platform_.profiles.Create(cadArch);  // no stale key survives
   const auto write = [&](TextView section, TextView key, TextView value) {
     if (!basConmuta::EscribeValorPerfil(code_page, *file, section, key, value)) {
       throw MakeConfigError(emErrorConfigExportar, u"Exportar");
@@ -135,8 +134,7 @@ void clsCfgConmut::ReadExchange(TextView path, TextView& detail) {
   header_.Modelo.Assign(model);
 
   detail = kWrongCase;
-  const auto translation_case = ReadWholeNumber(read(kSwitchSection, u"Caso"));
-  Check(translation_case && *translation_case == emCasoEstandar);
+  Check(IsExactly(read(kSwitchSection, u"Caso"), emCasoEstandar));
   header_.Caso = emCasoEstandar;
 
   detail = kNoSeparator;

@@ -20,6 +20,29 @@ bool RoundsUp(TextView fraction, bool whole_is_odd) {
   return !exactly_half || whole_is_odd;
 }
 
+// A number as its text has it: digits on both sides of the point.
+struct Parts {
+  bool negative;
+  TextView whole;
+  TextView fraction;
+};
+
+std::optional<Parts> Split(TextView text) {
+  text = Trim(text);
+  Parts parts{text.starts_with(u'-'), {}, {}};
+  if (parts.negative || text.starts_with(u'+')) text.remove_prefix(1);
+
+  parts.whole = text.substr(0, CountDigits(text));
+  text.remove_prefix(parts.whole.size());
+  if (text.starts_with(u'.')) {
+    text.remove_prefix(1);
+    parts.fraction = text.substr(0, CountDigits(text));
+    text.remove_prefix(parts.fraction.size());
+  }
+  if (!text.empty() || (parts.whole.empty() && parts.fraction.empty())) return std::nullopt;
+  return parts;
+}
+
 }  // namespace
 
 std::int64_t ReadDigits(TextView text) {
@@ -35,24 +58,17 @@ std::int64_t ReadDigits(TextView text) {
 }
 
 std::optional<std::int64_t> ReadWholeNumber(TextView text) {
-  text = Trim(text);
-  const bool negative = text.starts_with(u'-');
-  if (negative || text.starts_with(u'+')) text.remove_prefix(1);
+  const auto parts = Split(text);
+  if (!parts) return std::nullopt;
+  std::int64_t value = std::max<std::int64_t>(ReadDigits(parts->whole), 0);
+  if (value != kBeyondEveryWidth && RoundsUp(parts->fraction, value % 2 != 0)) ++value;
+  return parts->negative ? -value : value;
+}
 
-  const TextView whole = text.substr(0, CountDigits(text));
-  text.remove_prefix(whole.size());
-  TextView fraction;
-  if (text.starts_with(u'.')) {
-    text.remove_prefix(1);
-    fraction = text.substr(0, CountDigits(text));
-    text.remove_prefix(fraction.size());
-  }
-  if (!text.empty() || (whole.empty() && fraction.empty())) return std::nullopt;
-
-  std::int64_t value = std::max<std::int64_t>(ReadDigits(whole), 0);
-  if (value == kBeyondEveryWidth) return negative ? -value : value;
-  if (RoundsUp(fraction, value % 2 != 0)) ++value;
-  return negative ? -value : value;
+bool IsExactly(TextView text, std::int64_t number) {
+  const auto parts = Split(text);
+  const bool is_whole = parts && parts->fraction.find_first_not_of(u'0') == TextView::npos;
+  return is_whole && ReadWholeNumber(text) == number;
 }
 
 }  // namespace conmuta

@@ -20,6 +20,9 @@ namespace conmuta {
 // stored width can hold, so narrowing them raises.
 std::optional<std::int64_t> ReadWholeNumber(TextView text);
 
+// Whether the text is a number and exactly this one: no fraction is rounded away.
+bool IsExactly(TextView text, std::int64_t number);
+
 // The number that the text's digits make up, whatever stands between them.
 inline constexpr std::int32_t kNoDigits = -1;
 std::int64_t ReadDigits(TextView text);

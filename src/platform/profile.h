@@ -35,6 +35,10 @@ class ProfileSystem {
 
   // The path means the file that the file system would find under it.
   virtual std::unique_ptr<ProfileFile> Open(TextView path) = 0;
+
+  // A file to be written anew: what is there goes, unless it cannot be deleted. A file that cannot
+  // be written at all, since the system's functions have no name for it, stays as it is.
+  virtual std::unique_ptr<ProfileFile> Create(TextView path) = 0;
 };
 
 }  // namespace conmuta

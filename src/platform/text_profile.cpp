@@ -167,4 +167,9 @@ std::unique_ptr<ProfileFile> TextProfiles::Open(TextView path) {
   return std::make_unique<TextProfile>(files_, code_page_, path);
 }
 
+std::unique_ptr<ProfileFile> TextProfiles::Create(TextView path) {
+  files_.Remove(path);
+  return Open(path);
+}
+
 }  // namespace conmuta

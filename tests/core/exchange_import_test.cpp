@@ -237,6 +237,16 @@ TEST_P(ConfigImport, VersionsItTakes) {
   }
 }
 
+TEST_P(ConfigImport, FormsOfTheOneCaseItTakes) {
+  for (const char* text : {"1", "1.0", "1.", "01.000", " +1 ", "\"1\""}) {
+    ExchangeFile file;
+    file.caso = text;
+    config.Caso(emCasoSamsungNX_820);
+    Import(file);
+    EXPECT_EQ(config.Caso(), emCasoEstandar) << text;
+  }
+}
+
 TEST_P(ConfigImport, TextsAreCutToTheirWidth) {
   ExchangeFile file;
   file.brand = std::string(60, 'b');
@@ -652,6 +662,8 @@ INSTANTIATE_TEST_SUITE_P(OfCase, RefusedHeader,
                                           testing::ValuesIn(Refused("Case", &ExchangeFile::caso,
                                                                     {"", "0", "2", "3", "4", "5",
                                                                      "-1", "x", "1x", "1e0", "11",
+                                                                     "1.4", "0.6", "1.5", "0.5",
+                                                                     "1.0000000000000000000001",
                                                                      std::string(250, '1')}))),
                          RefusedName);
 INSTANTIATE_TEST_SUITE_P(OfSeparator, RefusedHeader,

@@ -17,6 +17,7 @@ class ExchangePath : public testing::TestWithParam<TextView> {
   ExchangePath() : home_(fs::current_path()) {
     fs::create_directory(folder.path() / "current");
     fs::create_directory(folder.path() / "current" / "below");
+    fs::create_directory(folder.path() / "current" / u"\u96FB\u8A71");
     fs::current_path(folder.path() / "current");
     config.Marca(u"ACME");
     config.Modelo(u"X1");
@@ -72,7 +73,10 @@ TEST_P(ExchangePath, ReplacesWhatWasSavedAndTheOtherWayRound) {
 INSTANTIATE_TEST_SUITE_P(, ExchangePath,
                          testing::Values(u"exchange.ini", u"./exchange.ini", u"below/exchange.ini",
                                          u"../exchange.ini", u"exchange", u"two words.txt",
-                                         u"a\u00F1o.ini"));
+                                         u"a\u00F1o.ini",
+                                         // What no ANSI code page has together.
+                                         u"\u0421\u0432\u044F\u0437\u044C \u96FB\u8A71.ini",
+                                         u"\u96FB\u8A71/\u00F1.ini", u"\u96FB\u8A71/exchange.ini"));
 
 TEST_F(ExchangePath, FollowsTheCurrentFolder) {
   config.Exportar(u"exchange.ini");

@@ -42,5 +42,21 @@ TEST(ReadWholeNumber, BeyondTheWidthRaisesHoweverLongTheText) {
   EXPECT_EQ(ReadWholeNumberAs<std::int32_t>(Text(400, u'0') + u"9"), 9);
 }
 
+TEST(IsExactly, TakesEveryFormOfTheNumber) {
+  for (const TextView text : {u"1", u" 1 ", u"+1", u"01", u"1.", u"1.000"}) {
+    EXPECT_TRUE(IsExactly(text, 1)) << testing::PrintToString(Text(text));
+  }
+  EXPECT_TRUE(IsExactly(u"-3.0", -3));
+  EXPECT_TRUE(IsExactly(u".0", 0));
+}
+
+TEST(IsExactly, TakesNothingBesideIt) {
+  for (const TextView text : {u"", u"x", u"1x", u"2", u"-1", u"1.4", u"0.6", u"1.5", u"0.5",
+                              u"0.99999999999999999999999", u"1.00000000000000000000001"}) {
+    EXPECT_FALSE(IsExactly(text, 1)) << testing::PrintToString(Text(text));
+  }
+  EXPECT_FALSE(IsExactly(Text(400, u'1'), 1));
+}
+
 }  // namespace
 }  // namespace conmuta

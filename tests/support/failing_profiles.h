@@ -16,6 +16,9 @@ class FailingProfiles final : public ProfileSystem {
   std::unique_ptr<ProfileFile> Open(TextView path) override {
     return std::make_unique<File>(*this, profiles_.Open(path));
   }
+  std::unique_ptr<ProfileFile> Create(TextView path) override {
+    return std::make_unique<File>(*this, profiles_.Create(path));
+  }
 
   int failing_write = 0;            // counted from 1; 0 for none
   std::vector<std::string> writes;  // "section/key=value", the one that failed included
