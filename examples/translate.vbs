@@ -10,7 +10,9 @@ If WScript.Arguments.Count <> 2 Then
     WScript.Quit 2
 End If
 
-Dim widths, types, transfers, switch, translator, record, controls, capture, line, lines, calls, failure
+Const emCasoNortelNorstar0x32SMDR6 = 4
+
+Dim widths, types, transfers, switch, translator, record, controls, capture, place, lines, calls, errors
 widths = Array(10, 8, -8, -5, 15, 8, 10, 10, 25, 10, 10) ' negative: aligned to the right
 types = Array("No analizada", "Indefinida", "Entrante", "Saliente", "Inter-extension", "Inter-troncal", "Cuenta")
 transfers = Array("-", "Inicio", "En curso", "Fin")
@@ -23,7 +25,7 @@ Set record = translator.InfoLlamada ' the same object for every line
 
 ' Control characters come from a bad cable or a page break; left in, they would shift the columns.
 Set controls = New RegExp
-controls.Pattern = "[\x00-\x1F]"
+controls.Pattern = "[\x00-\x1F\x7F]"
 controls.Global = True
 
 WScript.Echo "Conmutador: " & switch.NombreConmutador
@@ -32,31 +34,46 @@ WScript.Echo Columns(Array("Fecha", "Hora", "Duracion", "Ring", "Tipo", "Transf.
 
 lines = 0
 calls = 0
+errors = 0
 Set capture = CreateObject("Scripting.FileSystemObject").OpenTextFile(WScript.Arguments(1))
 Do Until capture.AtEndOfStream
-    line = controls.Replace(capture.ReadLine, "")
     lines = lines + 1
+    Translate controls.Replace(capture.ReadLine, "")
+Loop
 
+' A Norstar delivers the last call of a capture on the separator of the next one.
+If switch.Caso = emCasoNortelNorstar0x32SMDR6 Then Translate "--------"
+
+' Calls that still wait for the end of their transfer will not meet it any more: the capture has
+' ended. In a translator that goes on they would wait forever, and join a later call of their trunk.
+For place = 1 To 100
+    translator.QuitaLlamadaLista place
+Next
+WScript.Echo lines & " lineas, " & calls & " llamadas, " & errors & " errores"
+
+Sub Translate(line)
     On Error Resume Next ' a line that cannot be translated must not stop the next ones
     translator.Llamada = line
-    failure = Err.Number
+    If Err.Number <> 0 Then ' half a record is left, whose EsValido says nothing
+        errors = errors + 1
+        WScript.Echo "! linea " & lines & ": error " & Err.Number
+        Exit Sub
+    End If
     On Error GoTo 0
 
-    If failure <> 0 Then
-        WScript.Echo "! linea " & lines & ": error " & failure
-    ElseIf record.EsValido Then
+    If record.EsValido Then
         WScript.Echo CallLine(record)
         calls = calls + 1
     End If
-Loop
-WScript.Echo lines & " lineas, " & calls & " llamadas"
+End Sub
 
 Function CallLine(r)
     Dim started, clock, duration
     started = TwoDigits(r.Dia(1)) & "/" & TwoDigits(r.Mes(1)) & "/" & r.Anio(1)
     clock = TwoDigits(r.Horas(1)) & ":" & TwoDigits(r.Minutos(1)) & ":" & TwoDigits(r.Segundos(1))
     duration = r.Duracion
-    If r.Anio(2) <> 0 Then duration = "?" ' still a moment: no difference could be computed
+    ' Still a date: no difference could be computed. Less than nothing: a clock that was set back.
+    If r.Anio(2) <> 0 Or r.Mes(2) <> 0 Or r.Dia(2) <> 0 Or duration < 0 Then duration = "?"
     CallLine = Columns(Array(started, clock, duration, r.Ring, types(r.TipoLlamada), transfers(r.Atributos), _
         r.Emisor, r.Receptor, r.Telefono, r.ExtensionTransferida, r.CodigoCuenta))
 End Function

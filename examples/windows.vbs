@@ -8,7 +8,7 @@ If WScript.Arguments.Count < 1 Then
     WScript.Quit 2
 End If
 
-Dim switch, translator
+Dim switch, translator, controls, failure
 Set switch = CreateObject("Conmuta.clsCfgConmut")
 switch.Abrir WScript.Arguments(0)
 
@@ -19,8 +19,18 @@ switch.MostrarInformacionConfiguracion
 If WScript.Arguments.Count > 1 Then
     Set translator = CreateObject("Conmuta.clsTradEST")
     Set translator.Conmutador = switch
-    translator.Llamada = WScript.Arguments(1)
-    translator.MuestraInfoTrad
+    Set controls = New RegExp ' left in, they would shift the columns
+    controls.Pattern = "[\x00-\x1F\x7F]"
+    controls.Global = True
+    On Error Resume Next
+    translator.Llamada = controls.Replace(WScript.Arguments(1), "")
+    failure = Err.Number
+    On Error GoTo 0
+    If failure = 0 Then
+        translator.MuestraInfoTrad
+    Else
+        WScript.Echo "La linea no se puede traducir: error " & failure
+    End If
 End If
 
 ' The cable, with permission to change it. Accepted changes are in the object, not yet in the file.

@@ -100,10 +100,11 @@ Dato emParamTelefonoSaliente,                        27, 25, emValorNumerico
 Dato emParamExtensionSaliente,                       18,  5, emValorNumerico
 Dato emParamTroncalSaliente,                         24,  2, emValorNumerico
 
-' Internal: EXTnnnn with the blank after it, or the voice mail group with the blank after it.
+' Internal: EXTnnnn and no trunk, or the voice mail group. Nothing behind the number is asked for,
+' since blanks at the end of a line are often stripped on its way.
 Constante emDatoCteIdentInterExtension,              27, "EXT"
-Constante emDatoCteIdentInterExtensionAND,           34, " "
-Constante emDatoCteIdentInterExtensionOR,            27, "VM500 "
+Constante emDatoCteIdentInterExtensionAND,           24, "  "
+Constante emDatoCteIdentInterExtensionOR,            27, "VM500"
 Dato emParamExtension1InterExtension,                18,  5, emValorNumerico
 Dato emParamExtension2InterExtension,                29,  5, emValorNumerico
 
