@@ -3,37 +3,76 @@
 
 source "$(dirname "${BASH_SOURCE[0]}")/display.sh"
 
-# Replaces this process by the given script and arguments, in a mount namespace where the i386
-# root's /usr lies over the machine's own. All else (the project, /tmp, homes, /proc, /dev) stays
-# where it is, so both sizes see the same files under the same paths, and nothing stays mounted
-# when the last process of the namespace has ended. Wineserver opens files on its clients' behalf
-# and serves later namespaces too, so they must not differ.
-enter_i386() {
+# The program that starts Windows programs of a size, within a system.
+wine_loader() {
+  case $1 in
+    win64) printf /usr/lib/wine/wine64 ;;
+    win32) printf /usr/lib/wine/wine ;;
+  esac
+}
+
+# Whether CONMUTA_WINE names a system with a Wine for this size.
+has_newer_wine() {
+  [[ -n ${CONMUTA_WINE:-} && -x $CONMUTA_WINE$(wine_loader "$1") ]]
+}
+
+# The folder of the system whose Wine runs programs of a size; empty for the machine's own.
+wine_system() {
+  if has_newer_wine "$1"; then
+    printf '%s' "$CONMUTA_WINE"
+  elif [[ $1 == win32 ]]; then
+    [[ -e $i386_marker ]] || die "there is no 32-bit Wine yet: run scripts/setup wine32"
+    printf '%s' "$i386_root"
+  fi
+}
+
+# Replaces this process by the given script and arguments, in a mount namespace where the /usr of
+# the system with the wanted Wine lies over the machine's own; in the second round, or where that is
+# the machine's own, just returns. All else (the project, /tmp, homes, /proc, /dev) stays where it
+# is, so every system sees the same files under the same paths, and nothing stays mounted when the
+# last process of the namespace has ended. Wineserver opens files on its clients' behalf and serves
+# later namespaces too, so they must not differ.
+enter_system() {
+  local size=$1 system
+  shift
+  system=$(wine_system "$size") || exit
+  if [[ -z $system || ${CONMUTA_INSIDE:-} == "$system" ]]; then
+    unset CONMUTA_INSIDE
+    return 0
+  fi
   case $project/ in
-    /usr/*) die "32-bit programs cannot see a project under /usr" ;;
+    /usr/*) die "programs of another system cannot see a project under /usr" ;;
   esac
   local namespace=(--mount --propagation private)
   # A user namespace gives others than root the right to mount for themselves.
   ((EUID == 0)) || namespace+=(--map-current-user --keep-caps)
-  CONMUTA_IN_I386=$i386_root exec unshare "${namespace[@]}" -- \
-    /bin/bash -c 'mount --rbind "$CONMUTA_IN_I386/usr" /usr && exec /bin/bash "$@"' bash "$@"
+  CONMUTA_INSIDE=$system exec unshare "${namespace[@]}" -- \
+    /bin/bash -c 'mount --rbind "$CONMUTA_INSIDE/usr" /usr && exec /bin/bash "$@"' bash "$@"
 }
 
-# Replaces this process by the given Windows command.
-run_in_wine() {
-  local size=$1 wine wineserver lock
-  shift
-  case $size in
-    win64) wine=/usr/lib/wine/wine64 wineserver=/usr/lib/wine/wineserver64 ;;
-    win32) wine=/usr/lib/wine/wine wineserver=/usr/lib/wine/wineserver32 ;;
-  esac
+# use_wine SIZE PREFIX: says which Wine it is, in $wine and the environment. Each Wine has prefixes
+# of its own: a newer one would convert them for good.
+use_wine() {
+  local size=$1 prefix=$2
+  wine=$(wine_loader "$size")
   [[ -x $wine ]] || die "there is no Wine for $size yet: run scripts/setup"
-
-  export WINEPREFIX=$project/build/wine/$size WINEARCH=$size WINESERVER=$wineserver
+  ! has_newer_wine "$size" || prefix+=-${CONMUTA_WINE##*/}
+  export WINEPREFIX=$project/build/wine/$prefix WINEARCH=$size
+  export WINESERVER=/usr/lib/wine/wineserver${size#win}
   export WINEDEBUG=${WINEDEBUG:--all} LC_ALL=$locale
   # No offers to install .NET or a browser engine; no entries in the user's menus.
   export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
   unset LANGUAGE
+}
+
+# run_in_wine SIZE SCRIPT COMMAND...: replaces this process by the given Windows command. The script
+# is the one that calls this, to be started once more within another system.
+run_in_wine() {
+  local size=$1 wine lock
+  ensure_display
+  enter_system "$@"
+  shift 2
+  use_wine "$size" "$size"
 
   mkdir -p "$WINEPREFIX"
   exec {lock}>"$WINEPREFIX.lock"
@@ -49,7 +88,7 @@ prepare_prefix() {
   local ready=$WINEPREFIX/.conmuta-ready
   if [[ ! -e $ready ]]; then
     # New, or left behind by a run that was interrupted.
-    "$wineserver" -k || true
+    "$WINESERVER" -k || true
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"
     start_server || return
@@ -65,7 +104,7 @@ prepare_prefix() {
 # would be in each other's way.
 start_server() {
   local status=0
-  "$wineserver" -p60 || status=$?
+  "$WINESERVER" -p60 || status=$?
   case $status in
     0) "$wine" cmd /c exit ;;
     2) ;; # runs already
