@@ -65,7 +65,7 @@ bool HasDigit(std::u16string_view line) {
 inline Type TypeOf(const char16_t* line) {
   if (Stands(u"<I>", line + 26) ? line[62] == u'\'' : line[53] == u'\'') return Type::kIncoming;
   if (line[62] == u'\'' ? line[59] == u':' : line[62] == u';') return Type::kOutgoing;
-  if (Stands(u"EXT", line + 26) ? line[33] == u' ' : Stands(u"VM500 ", line + 26)) {
+  if (Stands(u"EXT", line + 26) ? Stands(u"  ", line + 23) : Stands(u"VM500", line + 26)) {
     return Type::kInternal;
   }
   return line[2] == u'/' || line[1] == u'/' ? Type::kUnrecognised : Type::kOutgoing;

@@ -20,16 +20,7 @@ class Translator {
   explicit Translator(const std::string& name);
 
   // False when the line ended in an error; cut and glued lines of a capture do.
-  bool Translate(TextView line) {
-    try {
-      translator_.Llamada(line);
-      return true;
-    } catch (const OverflowError&) {
-      return false;
-    } catch (const InvalidArgumentError&) {
-      return false;
-    }
-  }
+  bool Translate(TextView line) { return translator_.Translate(line) == LineError::kNone; }
   void Translate(const Lines& lines) {
     for (std::size_t i = 0; i < lines.size(); ++i) Translate(lines[i]);
   }
