@@ -85,6 +85,8 @@ Parser::Parser(const Date& today) : today_(today) {
 const Call& Parser::Parse(std::u16string_view raw) {
   while (!raw.empty() && (raw.front() == u'\r' || raw.front() == u'\n')) raw.remove_prefix(1);
 
+  call_.line.assign(raw);
+
   // A short line is read as one filled up with NULs, which are neither digits nor marks.
   std::array<char16_t, kWidth> filled;
   const char16_t* line = raw.data();

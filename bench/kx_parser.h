@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace kx {
@@ -26,6 +27,8 @@ struct Digits {
 };
 
 struct Call {
+  // Whoever delivers a call can show the line that it came of; the reader's buffer is gone by then.
+  std::u16string line;
   int year = 0;
   int month = 0;
   int day = 0;

@@ -19,7 +19,8 @@ std::string File(const std::string& name, const std::string& file) {
 std::vector<std::string> Switches() {
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(PathHere(CONMUTA_EXAMPLES))) {
-    if (entry.is_directory()) names.push_back(entry.path().filename().string());
+    const std::string name = entry.path().filename().string();
+    if (std::filesystem::exists(entry.path() / (name + ".cfg"))) names.push_back(name);
   }
   std::sort(names.begin(), names.end());
   return names;

@@ -89,14 +89,15 @@ constexpr std::array<TextView, 22> kCteDescriptions = {
     u"Identificador de fin de transferida inter - troncal",
 };
 
-constexpr std::array<TextView, 6> kCaseNames = {
+// In the order of their codes.
+constexpr auto kCaseNames = std::to_array<TextView>({
     u"No definido",
     u"Estandar",
     u"Caso de Samsung Nx-820",
     u"Caso del Nortel Meridian",
     u"Caso norstar 0x32 SMDR6",
     u"Resta de fechas para calcular la duración",
-};
+});
 
 // Entry `code - first` of a table; the default for every code outside it.
 template <std::size_t kSize>

@@ -112,10 +112,15 @@ class clsLlamadaTRD {
 
   // An afternoon hour of a 12-hour clock in 24-hour form: 1 to 11 gain 12.
   void AjustarHoraVespertina12Hrs24Hrs(emParamTipoFecha emParam) {
+    AdjustTwelveHourClock(emParam, true);
+  }
+  // The same for an hour that may be one of the morning, which stays: every other line's does, and
+  // there is no branch on it.
+  void AdjustTwelveHourClock(emParamTipoFecha emParam, bool is_afternoon) {
     Moment* moment = Find(emParam);
-    if (moment != nullptr && moment->Horas >= 1 && moment->Horas <= 11) {
-      moment->Horas = static_cast<std::int16_t>(moment->Horas + 12);
-    }
+    if (moment == nullptr) return;
+    const bool gains = is_afternoon & (moment->Horas >= 1) & (moment->Horas <= 11);
+    moment->Horas = static_cast<std::int16_t>(moment->Horas + 12 * std::int16_t{gains});
   }
 
   // Takes the duration's parts as a second moment and replaces them by the time from it to the

@@ -24,8 +24,9 @@ class FullYears {
   std::int32_t Complete(std::int32_t read) const {
     std::int32_t year = read;
     if (read < 100) [[likely]] {
-      // One digit or two: without a branch, either comes.
-      year += read < 80 ? century_ + (decade_ & -std::int32_t{read < 10}) : 1900;
+      // Without a branch: any of the three comes.
+      const std::int32_t present = century_ + (decade_ & -std::int32_t{read < 10});
+      year += 1900 + ((present - 1900) & -std::int32_t{read < 80});
     } else if (read < 1000) {
       year += current_ - current_ % 1000;
     } else if (read < 10000) {

@@ -18,6 +18,7 @@ PlannedItem::Form FormOf(const DATO& slot) {
   const bool beyond = IsBeyond(slot.Pos, slot.Tam);
   if (slot.TipoDato != emValorNumerico) return beyond ? kTextBeyond : kText;
   if (beyond) return kDigitsBeyond;
+  if (slot.Tam == 1) return kOneDigit;
   if (slot.Tam == 2) return kTwoDigits;
   if (slot.Tam <= kAlwaysFit) return kFewDigits;
   return slot.Tam <= FieldDigits::kMost ? kDigits : kManyDigits;

@@ -14,6 +14,7 @@ namespace conmuta {
 struct PlannedItem {
   enum class Form : std::uint8_t {
     kUndefined,
+    kOneDigit,      // numeric, one column
     kTwoDigits,     // numeric, two columns
     kFewDigits,     // numeric, and too short to exceed any number it is read as
     kDigits,        // numeric, at most FieldDigits::kMost
@@ -24,7 +25,7 @@ struct PlannedItem {
   };
 
   bool IsDefined() const { return form != Form::kUndefined; }
-  bool IsNumeric() const { return form >= Form::kTwoDigits && form <= Form::kDigitsBeyond; }
+  bool IsNumeric() const { return form >= Form::kOneDigit && form <= Form::kDigitsBeyond; }
   bool IsBeyond() const { return form == Form::kDigitsBeyond || form == Form::kTextBeyond; }
 
   Form form = Form::kUndefined;
@@ -53,9 +54,11 @@ struct PlannedConstant {
     std::uint64_t first_wanted = 0;
     std::memcpy(&first_found, found, sizeof first_found);
     std::memcpy(&first_wanted, text.data(), sizeof first_wanted);
-    return (first_found & first_mask) == first_wanted &&
-           (length <= kFirst || std::memcmp(found + kFirst, text.data() + kFirst,
-                                            (length - kFirst) * sizeof(char16_t)) == 0);
+    const bool first_stands = (first_found & first_mask) == first_wanted;
+    if (length <= kFirst) [[likely]]
+      return first_stands;
+    return first_stands && std::memcmp(found + kFirst, text.data() + kFirst,
+                                       (length - kFirst) * sizeof(char16_t)) == 0;
   }
 
   static constexpr std::size_t kFirst = 4;  // characters that are compared at once

@@ -160,6 +160,12 @@ class LineReader {
       number = ReadTwoDigits(columns_ + item.begin);
       return true;
     }
+    if (item.form == PlannedItem::Form::kOneDigit) {
+      // No branch: it is empty now and then.
+      const char16_t column = columns_[item.begin];
+      number = (column - u'0') | -std::int32_t{!IsDigit(column)};
+      return true;
+    }
     if (item.form == PlannedItem::Form::kFewDigits) {
       number = ReadFewDigits({columns_ + item.begin, item.size});
       return true;

@@ -50,6 +50,7 @@ template <class Store>
 bool LineReader<Watch>::ReadText(emParamDato kind, Store store) {
   const PlannedItem& item = Select(kind);
   switch (item.form) {
+    case PlannedItem::Form::kOneDigit:
     case PlannedItem::Form::kTwoDigits:
     case PlannedItem::Form::kFewDigits:
     case PlannedItem::Form::kDigits:

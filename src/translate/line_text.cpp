@@ -70,15 +70,16 @@ void LineText::Copy(TextView text, char16_t* to) {
   };
   const char16_t* from = text.data();
   const std::size_t reach = std::min(text.size(), kReach);
-  const std::size_t left = reach % kBlock;
-  const std::size_t end = reach - left;
+  // Whole blocks, and one to sixteen columns more.
+  const std::size_t end = reach != 0 ? (reach - 1) / kBlock * kBlock : 0;
+  const std::size_t left = reach - end;
   for (std::size_t begin = 0; begin < end; begin += kBlock) {
     const Block block(from + begin);
     block.Store(to + begin);
     put_digits(begin, block.Digits());
   }
   if (end != 0) {
-    // The last sixteen, of which some are known.
+    // The last sixteen, of which some may be known.
     const Block block(from + reach - kBlock);
     block.Store(to + reach - kBlock);
     put_digits(end, unsigned{block.Digits()} >> (kBlock - left));

@@ -202,7 +202,7 @@ TEST(ConfigCase, NameIsThatOfTheStoredCase) {
   ConfigBench bench;
   bench.config.Caso(emNoCaso);
   EXPECT_EQ(bench.config.NombreCaso(), u"No definido");
-  bench.config.Caso(static_cast<emCasos>(6));
+  bench.config.Caso(static_cast<emCasos>(77));
   EXPECT_EQ(bench.config.NombreCaso(), u"");
   bench.config.Caso(static_cast<emCasos>(-1));
   EXPECT_EQ(bench.config.NombreCaso(), u"");

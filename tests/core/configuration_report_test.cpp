@@ -186,7 +186,7 @@ TEST_F(ConfigurationReportText, ShowsTheConstantAsItReads) {
 }
 
 TEST_F(ConfigurationReportText, ShowsNoNameForAnUnknownCase) {
-  for (const int code : {6, -1, 1000}) {
+  for (const int code : {77, -1, 1000}) {
     config.Caso(static_cast<emCasos>(code));
     EXPECT_EQ(Lines()[3], "   Caso        : ");
   }

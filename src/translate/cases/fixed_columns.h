@@ -13,7 +13,7 @@ bool AdjustAfternoon(LineReader<Watch>& line, emParamDatoConstante morning_marke
   if (!line.IsDefined(morning_marker)) return true;
   bool is_morning = false;
   if (!line.Stands(morning_marker, is_morning)) return false;
-  if (!is_morning) call.AjustarHoraVespertina12Hrs24Hrs(group);
+  call.AdjustTwelveHourClock(group, !is_morning);
   return true;
 }
 
