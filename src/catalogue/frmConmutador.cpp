@@ -259,8 +259,11 @@ void frmConmutador::ShowDefaultCaption(TextView caption, TextView tool_tip) {
   default_tool_tip_ = tool_tip;
 }
 
+// No mark of it stays, wherever it was shown.
 void frmConmutador::ForgetDefault() {
+  if (IsDefault(*selected_) && model_commands_) frame_ = config_.NombreConmutador();
   default_key_.clear();
+  default_is_bold_ = false;
   ShowDefaultCaption(kNoDefault, kNoDefault);
 }
 
@@ -372,7 +375,6 @@ void frmConmutador::btnEliminar() {
     platform_.files.Remove(installed_file_);
     install_event_();
     ForgetDefault();
-    default_is_bold_ = false;
   }
   SwitchNode& model = *selected_;
   SwitchNode& brand = *model.parent;

@@ -151,6 +151,8 @@ TEST_F(DefaultSwitch, IsRemovedWhenTheUserAgrees) {
   EXPECT_TRUE(Has(ModelPath(2)));
   ExpectNoDefaultCaption();
   EXPECT_EQ(window->default_tool_tip(), test::kNoDefaultSwitch);
+  EXPECT_EQ(window->Frame1(), u"ACME, X2") << "no mark of it stays";
+  EXPECT_FALSE(window->default_is_bold());
   EXPECT_EQ(installs, 0);
   Click(u"MOD2");
   EXPECT_EQ(window->Frame1(), u"ACME, X2");
@@ -163,6 +165,7 @@ TEST_F(DefaultSwitch, IsRemovedWhenTheUserAgrees) {
 TEST_F(DefaultSwitch, IsRemovedFromWhereverTheSelectionIs) {
   OpenAt(u"MOD1");
   window->btnDesinstalar();
+  EXPECT_EQ(window->Frame1(), u"ACME, X1");
   EXPECT_FALSE(Has(kDefault));
   EXPECT_EQ(window->selected().key, u"MOD1");
   EXPECT_TRUE(window->model_commands_enabled());

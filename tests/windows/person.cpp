@@ -106,26 +106,96 @@ std::vector<std::string> ClippedTextsOf(HWND window) {
   std::vector<std::string> clipped;
   for (const HWND control : ChildrenOf(window)) {
     const bool is_button = ClassOf(control) == u"Button";
-    if (!IsShown(control) || (!is_button && ClassOf(control) != u"Static")) continue;
+    const bool is_edit = ClassOf(control) == u"Edit";
+    if (!IsShown(control) || (!is_button && !is_edit && ClassOf(control) != u"Static")) continue;
     const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
-    if (!is_button && (style & SS_PATHELLIPSIS) != 0) continue;  // it shortens its text itself
-    const Text text = TextOf(control);
+    // These shorten their texts themselves, or scroll them.
+    const LONG_PTR type = style & BS_TYPEMASK;
+    if (is_button && type == BS_GROUPBOX) continue;
+    if (!is_button && !is_edit && (style & SS_PATHELLIPSIS) != 0) continue;
+    const Text text = is_edit ? Text(u"X") : TextOf(control);
     RECT needed{};
+    const SIZE room = ClientSizeOf(control);
     const HDC dc = GetDC(control);
     const HGDIOBJ before = SelectObject(dc, reinterpret_cast<HFONT>(Send(control, WM_GETFONT)));
-    DrawTextW(dc, reinterpret_cast<const wchar_t*>(text.c_str()), static_cast<int>(text.size()),
-              &needed, DT_CALCRECT);
+    needed.right = room.cx;
+    const bool plain = !is_button && (style & SS_NOPREFIX) != 0;
+    const bool wraps =
+        !is_button && !is_edit && (style & SS_TYPEMASK) == SS_LEFT && (style & SS_CENTERIMAGE) == 0;
+    DrawTextW(
+        dc, reinterpret_cast<const wchar_t*>(text.c_str()), static_cast<int>(text.size()), &needed,
+        static_cast<UINT>(DT_CALCRECT | (plain ? DT_NOPREFIX : 0) | (wraps ? DT_WORDBREAK : 0)));
     TEXTMETRICW metrics{};
     GetTextMetricsW(dc, &metrics);
     SelectObject(dc, before);
     ReleaseDC(control, dc);
     // What a button has around its text: a border, or a mark before it.
-    const bool has_mark = is_button && (style & BS_TYPEMASK) == BS_RADIOBUTTON;
+    const bool has_mark = is_button && (type == BS_RADIOBUTTON || type == BS_AUTORADIOBUTTON);
     if (is_button) needed.right += has_mark ? metrics.tmHeight + 4 : 8;
-    const SIZE room = ClientSizeOf(control);
-    if (needed.right > room.cx || needed.bottom > room.cy) clipped.push_back(Narrow(text));
+    if (needed.right > room.cx || needed.bottom > room.cy) {
+      clipped.push_back(std::to_string(GetDlgCtrlID(control)) + " " + Narrow(text));
+    }
   }
   return clipped;
+}
+
+std::vector<COLORREF> PixelsOf(HWND window) {
+  const SIZE size = ClientSizeOf(window);
+  POINT origin{};
+  ClientToScreen(window, &origin);
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = size.cx;
+  info.bmiHeader.biHeight = -size.cy;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  void* bits = nullptr;
+  const HDC screen = GetDC(nullptr);
+  const HDC memory = CreateCompatibleDC(screen);
+  const HBITMAP bitmap = CreateDIBSection(memory, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+  const HGDIOBJ before = SelectObject(memory, bitmap);
+  BitBlt(memory, 0, 0, size.cx, size.cy, screen, origin.x, origin.y, SRCCOPY);
+  GdiFlush();
+  const auto* first = static_cast<const COLORREF*>(bits);
+  std::vector<COLORREF> pixels(first, first + size.cx * size.cy);
+  for (COLORREF& pixel : pixels) pixel &= 0xFFFFFF;
+  SelectObject(memory, before);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+  ReleaseDC(nullptr, screen);
+  return pixels;
+}
+
+Text NameOf(HWND control) {
+  const Text kind = ClassOf(control);
+  if (kind == u"Button" || kind == u"Static" || kind == u"Conmuta.Diagram") return TextOf(control);
+  const HWND label = GetWindow(control, GW_HWNDPREV);
+  return label != nullptr && ClassOf(label) == u"Static" ? TextOf(label) : Text();
+}
+
+Text ToolTipOf(HWND control) {
+  struct Search {
+    HWND control;
+    Text text;
+  } search{control, {}};
+  EnumThreadWindows(
+      GetWindowThreadProcessId(control, nullptr),
+      [](HWND window, LPARAM wanted) CALLBACK -> BOOL {
+        if (ClassOf(window) != u"tooltips_class32") return TRUE;
+        auto& search = *reinterpret_cast<Search*>(wanted);
+        std::array<wchar_t, 400> text{};
+        TTTOOLINFOW tool{};
+        tool.cbSize = TTTOOLINFOW_V1_SIZE;
+        tool.hwnd = GetParent(search.control);
+        tool.uId = reinterpret_cast<UINT_PTR>(search.control);
+        tool.lpszText = text.data();
+        Send(window, TTM_GETTEXTW, text.size(), &tool);
+        const std::wstring_view shown(text.data());
+        if (!shown.empty()) search.text.assign(shown.begin(), shown.end());
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&search));
+  return search.text;
 }
 
 std::vector<TreeItem> ItemsOf(HWND tree) {
@@ -285,6 +355,40 @@ void Person::PressCloseBox(HWND window) const {
 void Person::Resize(HWND window, int width, int height) const {
   SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   host_.Drain();
+}
+
+void Person::DragCorner(HWND window, int dx, int dy) const {
+  RECT place{};
+  GetWindowRect(window, &place);
+  const auto button = [](DWORD event) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = event;
+    SendInput(1, &input, sizeof input);
+  };
+  BOOL shows_contents = FALSE;
+  SystemParametersInfoW(SPI_GETDRAGFULLWINDOWS, 0, &shows_contents, 0);
+  SystemParametersInfoW(SPI_SETDRAGFULLWINDOWS, TRUE, nullptr, 0);
+  const POINT corner{place.right - 2, place.bottom - 2};
+  SetCursorPos(corner.x, corner.y);
+  button(MOUSEEVENTF_LEFTDOWN);
+  constexpr int kSteps = 8;
+  for (int step = 1; step <= kSteps; ++step) {
+    Sleep(15);
+    SetCursorPos(corner.x + dx * step / kSteps, corner.y + dy * step / kSteps);
+  }
+  Sleep(15);
+  button(MOUSEEVENTF_LEFTUP);
+  host_.Rest();
+  SystemParametersInfoW(SPI_SETDRAGFULLWINDOWS, static_cast<UINT>(shows_contents), nullptr, 0);
+}
+
+void Person::Repaint(HWND window) const {
+  host_.Run([&] {
+    RedrawWindow(window, nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+  });
+  host_.Rest();
 }
 
 Person::Said Person::Answer(TextView title, int button) const {

@@ -37,8 +37,18 @@ LOGFONTW FontOf(HWND window);
 std::vector<HWND> ChildrenOf(HWND window);
 COLORREF PixelOf(HWND window, int x, int y);
 
-// The texts of labels and buttons that their controls are too small for.
+// The texts of labels, buttons and fields that their controls are too small for.
 std::vector<std::string> ClippedTextsOf(HWND window);
+
+// What the screen shows of a window's client area.
+std::vector<COLORREF> PixelsOf(HWND window);
+
+// What is told of a control to those who cannot see it: its own text, or that of the label that
+// stands before it.
+Text NameOf(HWND control);
+
+// What a control's tool tip says; empty when it has none.
+Text ToolTipOf(HWND control);
 
 // One item of a tree and those under it.
 struct TreeItem {
@@ -87,6 +97,10 @@ class Person {
   void Drag(HWND control, POINT from, POINT to) const;
   void PressCloseBox(HWND window) const;
   void Resize(HWND window, int width, int height) const;
+  // Takes hold of the lower right corner and drags it, contents showing.
+  void DragCorner(HWND window, int dx, int dy) const;
+  // Has a window paint everything anew.
+  void Repaint(HWND window) const;
 
   // Answers a message box; gives what it said.
   struct Said {

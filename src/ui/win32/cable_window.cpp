@@ -18,21 +18,13 @@
 namespace conmuta::win32 {
 namespace {
 
-constexpr int kMargin = 10;
-constexpr int kGap = 6;
-constexpr int kRowHeight = 22;
-constexpr int kOptionWidth = 148;
-constexpr int kPinFieldWidth = 44;
-constexpr int kButtonWidth = 88;
-constexpr int kButtonHeight = 26;
-
 constexpr std::array<TextView, kConnectorPairs> kPairCaptions = {
     u"Puerto DB9 - DB9", u"Puerto DB9 - DB25", u"Puerto DB25 - DB9", u"Puerto DB25 - DB25"};
 
 class CableWindow final : public Window {
  public:
   explicit CableWindow(frmPuertos& editor) : editor_(editor) {
-    Create({editor.caption(), {660, 560}, {520, 360}});
+    Create(editor.caption());
     Refresh();
   }
 
@@ -47,7 +39,7 @@ class CableWindow final : public Window {
       // The arrow keys go from the chosen one to its neighbours; Tab goes past them all.
       SetTabStop(options_[static_cast<std::size_t>(pair - 1)], selected);
     }
-    SetText(switch_, editor_.etqConmutador());
+    ShowSwitchName();
     SetText(pin_, editor_.txtPinIzq());
     SetText(list_, editor_.txtPinesConectados());
     SetEnabled(list_, editor_.list_enabled());
@@ -58,11 +50,7 @@ class CableWindow final : public Window {
     SetText(cancel_, editor_.btnCancelar());
     SetDefaultButton(editor_.may_edit() ? kBtnAceptar : kBtnCancelar);
     refreshing_ = false;
-    if (editor_.may_edit() != laid_out_for_editing_) {
-      RECT client{};
-      GetClientRect(handle(), &client);
-      Layout({client.right, client.bottom});
-    }
+    if (editor_.may_edit() != laid_out_for_editing_) LayoutNow();
     RedrawDiagram();
   }
 
@@ -78,65 +66,113 @@ class CableWindow final : public Window {
           AddControl(L"BUTTON", kPairCaptions[static_cast<std::size_t>(pair - 1)],
                      BS_AUTORADIOBUTTON | (pair == 1 ? WS_GROUP : 0), kOpcPuerto + pair);
     }
-    switch_ = AddControl(L"STATIC", u"", SS_LEFT | SS_NOPREFIX | WS_GROUP, kEtqConmutador);
+    switch_ =
+        AddControl(L"STATIC", u"", SS_LEFT | SS_NOPREFIX | SS_NOTIFY | WS_GROUP, kEtqConmutador);
     pin_label_ = AddControl(L"STATIC", u"Pin", SS_LEFT | SS_CENTERIMAGE, kLabel1);
     pin_ = AddControl(L"EDIT", u"", WS_TABSTOP | ES_AUTOHSCROLL, kTxtPinIzq, WS_EX_CLIENTEDGE);
     list_label_ =
         AddControl(L"STATIC", u"---> Pines conectados", SS_LEFT | SS_CENTERIMAGE, kLabel2);
     list_ = AddControl(L"EDIT", u"", WS_TABSTOP | ES_AUTOHSCROLL, kTxtPinesConectados,
                        WS_EX_CLIENTEDGE);
-    diagram_view_ = AddControl(L"STATIC", u"", WS_BORDER | SS_OWNERDRAW | SS_NOTIFY, kDiagram);
+    diagram_view_ =
+        AddControl(L"STATIC", u"Dibujo del cable", WS_BORDER | SS_OWNERDRAW | SS_NOTIFY, kDiagram);
     SetWindowLongPtrW(diagram_view_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     static_procedure_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
         diagram_view_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DiagramProcedure)));
+    AddName(u"Desplazamiento del dibujo");
     scroll_ = AddControl(L"SCROLLBAR", u"", SBS_VERT | WS_TABSTOP, kVDesp);
     accept_ =
         AddControl(L"BUTTON", u"&Aceptar", WS_TABSTOP | WS_GROUP | BS_DEFPUSHBUTTON, kBtnAceptar);
     cancel_ = AddControl(L"BUTTON", u"&Cancelar", WS_TABSTOP | BS_PUSHBUTTON, kBtnCancelar);
   }
 
-  void Layout(SIZE client) override {
-    const int margin = Scale(kMargin);
-    const int gap = Scale(kGap);
-    const int row = Scale(kRowHeight);
-    const int option = Scale(kOptionWidth);
+  // Two lines; the name is shortened where it has no room, and the tool tip says it whole.
+  void ShowSwitchName() {
+    const Text& label = editor_.etqConmutador();
+    const std::size_t name = std::min(label.find(kLineBreak), label.size() - 2) + 2;
+    RECT room{};
+    GetClientRect(switch_, &room);
+    SetText(switch_, label.substr(0, name) +
+                         measures().Shortened(label.substr(name), static_cast<int>(room.right)));
+    SetTip(switch_, label);
+  }
+
+  SIZE OptionSize() const {
+    SIZE size{};
+    for (const HWND option : options_) {
+      const SIZE one = measures().Option(TextOf(option));
+      size = {std::max(size.cx, one.cx), std::max(size.cy, one.cy)};
+    }
+    return size;
+  }
+  SIZE ButtonSize() const {
+    const SIZE accept = measures().Button(TextOf(accept_));
+    return {std::max(accept.cx, measures().Button(u"&Cancelar").cx), accept.cy};
+  }
+  LONG FieldsLeast() const {
+    return measures().Label(TextOf(pin_label_)).cx + measures().Field(4).cx +
+           measures().Label(TextOf(list_label_)).cx + measures().Field(12).cx +
+           3 * measures().gap();
+  }
+  LONG OptionsWidth() const { return 2 * (OptionSize().cx + measures().gap()); }
+
+  SIZE LeastSize(SIZE) override {
+    const int gap = measures().gap();
+    LONG height = std::max<LONG>(2 * OptionSize().cy, 2 * measures().line()) + 2 * gap;
+    if (editor_.may_edit()) height += measures().Field(1).cy + 2 * gap;
+    height += measures().Scale(150) + gap + ButtonSize().cy;
+    const LONG names = OptionsWidth() + measures().Label(u"Conmutador").cx * 2;
+    return {std::max({names, FieldsLeast(), 2 * ButtonSize().cx + gap,
+                      static_cast<LONG>(measures().Scale(440))}) +
+                2 * measures().margin(),
+            height + 2 * measures().margin()};
+  }
+  SIZE OpeningSize(SIZE most) override {
+    const SIZE least = LeastSize(most);
+    return {std::max<LONG>(least.cx, measures().Scale(645)),
+            std::max<LONG>(least.cy, measures().Scale(530))};
+  }
+
+  void Layout(SIZE room) override {
+    const int margin = measures().margin();
+    const int gap = measures().gap();
+    const SIZE option = OptionSize();
     laid_out_for_editing_ = editor_.may_edit();
 
-    int y = margin;
+    LONG y = margin;
     for (int i = 0; i < kConnectorPairs; ++i) {
-      Place(options_[static_cast<std::size_t>(i)], margin + (i / 2) * (option + gap),
-            y + (i % 2) * (row + gap / 2), option, row);
+      Place(options_[static_cast<std::size_t>(i)], margin + (i / 2) * (option.cx + gap),
+            y + (i % 2) * option.cy, option);
     }
-    const int label_x = margin + 2 * (option + gap) + gap;
-    Place(switch_, label_x, y, std::max<int>(client.cx - label_x - margin, 0), 2 * row);
-    y += 2 * row + 2 * gap;
+    const LONG label_x = margin + OptionsWidth() + gap;
+    const LONG names = std::max<LONG>(2 * option.cy, 2 * measures().line());
+    Place(switch_, label_x, y, {room.cx - label_x - margin, names});
+    ShowSwitchName();
+    y += names + 2 * gap;
 
     if (laid_out_for_editing_) {
-      int x = margin;
-      const int label_width = MeasureText(font(), u"Pin").cx + gap;
-      Place(pin_label_, x, y, label_width, row);
-      x += label_width;
-      Place(pin_, x, y, Scale(kPinFieldWidth), row);
-      x += Scale(kPinFieldWidth) + gap;
-      const int arrow_width = MeasureText(font(), u"---> Pines conectados").cx + gap;
-      Place(list_label_, x, y, arrow_width, row);
-      x += arrow_width;
-      Place(list_, x, y, std::max<int>(client.cx - x - margin, 0), row);
+      const LONG row = measures().Field(1).cy;
+      LONG x = margin;
+      const auto place = [&](HWND control, LONG width) {
+        Place(control, x, y, {width, row});
+        x += width + gap;
+      };
+      place(pin_label_, measures().Label(TextOf(pin_label_)).cx);
+      place(pin_, measures().Field(4).cx);
+      place(list_label_, measures().Label(TextOf(list_label_)).cx);
+      place(list_, room.cx - margin - x);
       y += row + 2 * gap;
     }
 
-    const int button_height = Scale(kButtonHeight);
-    const int button_y = client.cy - margin - button_height;
-    const int button_width = Scale(kButtonWidth);
-    Place(cancel_, client.cx - margin - button_width, button_y, button_width, button_height);
-    Place(accept_, client.cx - margin - 2 * button_width - gap, button_y, button_width,
-          button_height);
+    const SIZE button = ButtonSize();
+    const LONG button_y = room.cy - margin - button.cy;
+    Place(cancel_, room.cx - margin - button.cx, button_y, button);
+    Place(accept_, room.cx - margin - 2 * button.cx - gap, button_y, button);
 
     const int bar = GetSystemMetrics(SM_CXVSCROLL);
-    const int height = std::max(button_y - gap - y, 0);
-    const int width = std::max<int>(client.cx - 2 * margin - bar, 0);
-    Place(diagram_view_, margin, y, width, height);
-    Place(scroll_, margin + width, y, bar, height);
+    const SIZE view{room.cx - 2 * margin - bar, button_y - gap - y};
+    Place(diagram_view_, margin, y, view);
+    Place(scroll_, margin + view.cx, y, {bar, view.cy});
     RedrawDiagram();
   }
 
@@ -158,6 +194,7 @@ class CableWindow final : public Window {
   bool OnMessage(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) override {
     switch (message) {
       case WM_VSCROLL:
+        if (lparam == 0) return false;
         Scroll(LOWORD(wparam));
         return true;
       case WM_MOUSEWHEEL:

@@ -24,6 +24,15 @@ UINT DpiOf(HWND window) {
   return dpi != 0 ? dpi : SystemDpi();
 }
 
+RECT WorkAreaOf(HWND window) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  if (!GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor)) {
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &monitor.rcWork, 0);
+  }
+  return monitor.rcWork;
+}
+
 LOGFONTW MessageFontAt(UINT dpi) {
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;

@@ -9,6 +9,9 @@ namespace conmuta::win32 {
 UINT DpiOf(HWND window);
 UINT SystemDpi();
 
+// The part of its screen that a window may take: no taskbar lies over it.
+RECT WorkAreaOf(HWND window);
+
 // The user's message font, for a resolution.
 LOGFONTW MessageFontAt(UINT dpi);
 

@@ -9,21 +9,19 @@ Font MessageFont(UINT dpi) {
   return Font(CreateFontIndirectW(&font));
 }
 
-Font FixedPitchFont(UINT dpi) {
-  LOGFONTW font = MessageFontAt(dpi);
-  font.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
-  font.lfWeight = FW_NORMAL;
-  lstrcpyW(font.lfFaceName, L"Courier New");
-  return Font(CreateFontIndirectW(&font));
+Font FixedPitchFont(int height) {
+  return Font(CreateFontW(-height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+                          OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                          FIXED_PITCH | FF_MODERN, L"Courier New"));
 }
 
-SIZE MeasureText(HFONT font, TextView text) {
+SIZE MeasureText(HFONT font, TextView text, UINT flags) {
   const HDC dc = GetDC(nullptr);
   RECT bounds{};
   {
     const Selection selected(dc, font);
     DrawTextW(dc, reinterpret_cast<const wchar_t*>(text.data()), static_cast<int>(text.size()),
-              &bounds, DT_CALCRECT | DT_NOPREFIX | DT_EXPANDTABS);
+              &bounds, DT_CALCRECT | flags);
   }
   ReleaseDC(nullptr, dc);
   return {bounds.right, bounds.bottom};

@@ -48,11 +48,12 @@ class Selection {
   HGDIOBJ previous_;
 };
 
-// The system's message font, and a fixed-pitch one of its size.
+// The system's message font, and a fixed-pitch one of that height in pixels.
 Font MessageFont(UINT dpi);
-Font FixedPitchFont(UINT dpi);
+Font FixedPitchFont(int height);
 
-// Size of a text, the longest of its lines and all of them, in a font.
-SIZE MeasureText(HFONT font, TextView text);
+// Size of a text, the longest of its lines and all of them, in a font; DT_ flags say how it is
+// read.
+SIZE MeasureText(HFONT font, TextView text, UINT flags = DT_NOPREFIX | DT_EXPANDTABS);
 
 }  // namespace conmuta::win32

@@ -11,33 +11,21 @@
 #include "ui/win32/cable_window.h"
 #include "ui/win32/control_ids.h"
 #include "ui/win32/dpi.h"
+#include "ui/win32/frame_control.h"
 #include "ui/win32/tree_control.h"
 #include "ui/win32/window.h"
 
 namespace conmuta::win32 {
 namespace {
 
-constexpr int kMargin = 10;
-constexpr int kGap = 6;
-constexpr int kButtonHeight = 26;
-constexpr int kButtonWidth = 104;
-constexpr int kLineHeight = 18;
-constexpr int kFrameTop = 22;  // room for a frame's caption
-constexpr int kDetailsWidth = 340;
-
-// In captions an ampersand marks the key; one in a name is to be seen.
-Text WithVisibleAmpersands(TextView text) {
-  Text shown;
-  for (const char16_t c : text) shown.append(c == u'&' ? 2u : 1u, c);
-  return shown;
-}
+constexpr TextView kNoDefault = u"<No hay conmutador predeterminado>";  // the longest that must fit
 
 class ManagerWindow final : public Window {
  public:
   explicit ManagerWindow(frmConmutador& manager) : manager_(manager) {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_TREEVIEW_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
-    Create({u"Conmutadores", {760, 520}, {620, 380}});
+    Create(u"Conmutadores");
     tree_.Fill(manager.tree().root());
     tree_.Select(manager.selected());
     Refresh();
@@ -46,22 +34,22 @@ class ManagerWindow final : public Window {
   TreeControl& tree() { return tree_; }
 
   void Refresh() {
-    SetText(frame_, WithVisibleAmpersands(manager_.Frame1()));
     SetText(file_, manager_.etqArch());
+    SetTip(file_, manager_.etqArch());
     SetText(info_, manager_.txtInfo());
-    SetText(default_, WithVisibleAmpersands(manager_.default_caption()));
     if (default_is_bold_ != manager_.default_is_bold()) {
       default_is_bold_ = manager_.default_is_bold();
       ShowBold();
     }
+    ShowNames();
     for (const HWND button : {install_, remove_, ports_}) {
       SetEnabled(button, manager_.model_commands_enabled());
     }
-    ShowToolTip();
   }
 
  private:
   void MakeControls() override {
+    AddName(u"Conmutadores");
     tree_view_ =
         AddControl(WC_TREEVIEWW, u"",
                    WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
@@ -70,8 +58,10 @@ class ManagerWindow final : public Window {
     add_ = AddControl(L"BUTTON", u"&Buscar...", WS_TABSTOP, kBtnBuscar);
     remove_ = AddControl(L"BUTTON", u"&Eliminar", WS_TABSTOP, kBtnEliminar);
     collapse_ = AddControl(L"BUTTON", u"&Contraer", WS_TABSTOP, kBtnContraer);
-    frame_ = AddControl(L"BUTTON", u"", BS_GROUPBOX, kFrame1, WS_EX_TRANSPARENT);
-    file_ = AddControl(L"STATIC", u"", SS_LEFT | SS_NOPREFIX | SS_PATHELLIPSIS, kEtqArch);
+    frame_ = AddControl(L"BUTTON", u"", BS_GROUPBOX | WS_CLIPSIBLINGS, kFrame1);
+    file_ =
+        AddControl(L"STATIC", u"", SS_LEFT | SS_NOPREFIX | SS_PATHELLIPSIS | SS_NOTIFY, kEtqArch);
+    AddName(u"Comentarios");
     info_ = AddControl(L"EDIT", u"",
                        WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL,
                        kTxtComentarios, WS_EX_CLIENTEDGE);
@@ -81,51 +71,107 @@ class ManagerWindow final : public Window {
                                 kEtqPredeterminado);
     default_ = AddControl(L"BUTTON", u"", WS_TABSTOP, kBtnDesinstalar);
     close_ = AddControl(L"BUTTON", u"Ce&rrar", WS_TABSTOP, kBtnCerrar);
-    tool_tip_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP,
-                                0, 0, 0, 0, handle(), nullptr, ThisModule(), nullptr);
-    TTTOOLINFOW tool = ToolOfDefault();
-    SendMessageW(tool_tip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    MakeFrame(frame_);
   }
 
-  void Layout(SIZE client) override {
-    const int margin = Scale(kMargin);
-    const int gap = Scale(kGap);
-    const int button = Scale(kButtonHeight);
-    const int button_width = Scale(kButtonWidth);
+  int Inset() const { return measures().Scale(12); }
+  SIZE ButtonSize(HWND button) const { return measures().Button(TextOf(button)); }
+  // Three buttons of one width below the tree, and two in the frame.
+  SIZE CommandSize() const {
+    const SIZE add = ButtonSize(add_);
+    return {std::max({add.cx, ButtonSize(remove_).cx, ButtonSize(collapse_).cx}), add.cy};
+  }
+  SIZE ModelCommandSize() const {
+    const SIZE install = ButtonSize(install_);
+    return {std::max(install.cx, ButtonSize(ports_).cx), install.cy};
+  }
+  LONG LeftLeast() const { return 3 * CommandSize().cx + 2 * measures().gap(); }
+  LONG RightLeast() const { return 2 * ModelCommandSize().cx + measures().gap() + 2 * Inset(); }
+  LONG SideBySide() const {
+    return LeftLeast() + 2 * measures().gap() + RightLeast() + 2 * measures().margin();
+  }
+  LONG BottomLeast() const {
+    return measures().Label(TextOf(default_label_)).cx + measures().Button(kNoDefault).cx +
+           ButtonSize(close_).cx + 3 * measures().gap() + 2 * measures().margin();
+  }
+  LONG LeftHeight() const { return 6 * measures().line() + measures().gap() + CommandSize().cy; }
+  LONG RightHeight() const {
+    return 6 * measures().line() + 2 * measures().gap() + ModelCommandSize().cy + 2 * Inset();
+  }
+
+  // Where the screen is too narrow, the model stands below the tree.
+  SIZE LeastSize(SIZE most) override {
+    const LONG bottom = ButtonSize(close_).cy + 2 * measures().gap() + 2 * measures().margin();
+    const LONG beside = std::max(SideBySide(), BottomLeast());
+    if (beside <= most.cx) return {beside, std::max(LeftHeight(), RightHeight()) + bottom};
+    const LONG column = std::max(LeftLeast(), RightLeast()) + 2 * measures().margin();
+    return {std::max(column, BottomLeast()),
+            LeftHeight() + 2 * measures().gap() + RightHeight() + bottom};
+  }
+
+  SIZE OpeningSize(SIZE most) override {
+    const SIZE least = LeastSize(most);
+    return {std::max<LONG>(least.cx, measures().Scale(750)),
+            std::max<LONG>(least.cy, measures().Scale(490))};
+  }
+
+  void Layout(SIZE room) override {
+    const int margin = measures().margin();
+    const int gap = measures().gap();
 
     // Bottom: the default switch, always in view, and the way out.
-    const int bottom = client.cy - margin - button;
-    const int label = MeasureText(font(), u"Conmutador predeterminado:").cx + gap;
-    Place(default_label_, margin, bottom, label, button);
-    const int default_width =
-        std::max<int>(client.cx - 2 * margin - label - button_width - 3 * gap, 0);
-    Place(default_, margin + label, bottom, default_width, button);
-    Place(close_, client.cx - margin - button_width, bottom, button_width, button);
+    const SIZE close = ButtonSize(close_);
+    const LONG bottom = room.cy - margin - close.cy;
+    const LONG label = measures().Label(TextOf(default_label_)).cx + gap;
+    Place(default_label_, margin, bottom, {label, close.cy});
+    Place(default_, margin + label, bottom,
+          {room.cx - 2 * margin - label - close.cx - 2 * gap, close.cy});
+    Place(close_, room.cx - margin - close.cx, bottom, close);
 
-    // Left: the tree, which takes what the window gains, and the commands on the catalogue.
-    const int details = Scale(kDetailsWidth);
-    const int left = std::max<int>(client.cx - 2 * margin - details - 2 * gap, 0);
-    const int commands = bottom - 2 * gap - button;
-    Place(tree_view_, margin, margin, left, std::max(commands - gap - margin, 0));
-    const int third = std::max((left - 2 * gap) / 3, 0);
-    Place(add_, margin, commands, third, button);
-    Place(remove_, margin + third + gap, commands, third, button);
-    Place(collapse_, margin + 2 * (third + gap), commands, left - 2 * (third + gap), button);
-
-    // Right: the selected model, and the commands on it.
-    const int x = margin + left + 2 * gap;
-    Place(frame_, x, margin, details, std::max(commands + button - margin, 0));
-    const int inner = x + gap * 2;
-    const int inner_width = details - 4 * gap;
-    const int file_y = margin + Scale(kFrameTop);
-    Place(file_, inner, file_y, inner_width, Scale(kLineHeight));
-    const int info_y = file_y + Scale(kLineHeight) + gap;
-    const int model_commands = commands - gap;
-    Place(info_, inner, info_y, inner_width, std::max(model_commands - gap - info_y, 0));
-    const int half = (inner_width - gap) / 2;
-    Place(install_, inner, model_commands, half, button);
-    Place(ports_, inner + half + gap, model_commands, half, button);
+    const LONG width = room.cx - 2 * margin;
+    const LONG height = bottom - 2 * gap - margin;
+    if (room.cx >= std::max(SideBySide(), BottomLeast())) {
+      // The tree takes what the window gains.
+      const LONG details = std::max<LONG>(RightLeast(), measures().Scale(330));
+      const LONG left = std::max(LeftLeast(), width - details - 2 * gap);
+      LayoutTree({margin, margin, margin + left, margin + height});
+      LayoutModel({margin + left + 2 * gap, margin, margin + width, margin + height});
+    } else {
+      const LONG upper = (height - 2 * gap) * LeftHeight() / (LeftHeight() + RightHeight());
+      LayoutTree({margin, margin, margin + width, margin + upper});
+      LayoutModel({margin, margin + upper + 2 * gap, margin + width, margin + height});
+    }
     ShowBold();
+    ShowNames();
+  }
+
+  void LayoutTree(const RECT& place) {
+    const int gap = measures().gap();
+    const LONG width = place.right - place.left;
+    const LONG button = CommandSize().cy;
+    const LONG commands = place.bottom - button;
+    Place(tree_view_, place.left, place.top, {width, commands - gap - place.top});
+    const LONG third = (width - 2 * gap) / 3;
+    Place(add_, place.left, commands, {third, button});
+    Place(remove_, place.left + third + gap, commands, {third, button});
+    Place(collapse_, place.left + 2 * (third + gap), commands, {width - 2 * (third + gap), button});
+  }
+
+  void LayoutModel(const RECT& place) {
+    const int gap = measures().gap();
+    const LONG x = place.left + Inset();
+    const LONG width = place.right - place.left - 2 * Inset();
+    const LONG button = ModelCommandSize().cy;
+    const LONG commands = place.bottom - Inset() - button;
+    const LONG file = place.top + measures().line() + gap;
+    const LONG line = measures().line() + 2;
+    const LONG info = file + line + gap;
+    Place(file_, x, file, {width, line});
+    Place(info_, x, info, {width, commands - gap - info});
+    const LONG half = (width - gap) / 2;
+    Place(install_, x, commands, {half, button});
+    Place(ports_, x + half + gap, commands, {width - half - gap, button});
+    Place(frame_, place.left, place.top, {place.right - place.left, place.bottom - place.top});
   }
 
   void ShowBold() {
@@ -136,19 +182,21 @@ class ManagerWindow final : public Window {
     SendMessageW(default_, WM_SETFONT, reinterpret_cast<WPARAM>(shown), TRUE);
   }
 
-  TTTOOLINFOW ToolOfDefault() {
-    TTTOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V1_SIZE;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = handle();
-    tool.uId = reinterpret_cast<UINT_PTR>(default_);
-    tool.lpszText = const_cast<wchar_t*>(Wide(manager_.default_tool_tip()));
-    return tool;
-  }
-
-  void ShowToolTip() {
-    TTTOOLINFOW tool = ToolOfDefault();
-    SendMessageW(tool_tip_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+  // Names that have no room are shortened, and the tool tips say them whole.
+  void ShowNames() {
+    SetText(frame_, WithVisibleAmpersands(manager_.Frame1()));
+    SetTip(frame_, manager_.Frame1());
+    RECT button{};
+    GetClientRect(default_, &button);
+    const Measures shown(reinterpret_cast<HFONT>(SendMessageW(default_, WM_GETFONT, 0, 0)));
+    const Text caption = shown.Shortened(manager_.default_caption(),
+                                         static_cast<int>(button.right) - measures().Scale(12));
+    SetText(default_, WithVisibleAmpersands(caption));
+    Text tip = manager_.default_tool_tip();
+    if (caption != manager_.default_caption()) {
+      tip.append(kLineBreak).append(manager_.default_caption());
+    }
+    SetTip(default_, tip);
   }
 
   void OnCommand(int id, int code) override {
@@ -213,7 +261,6 @@ class ManagerWindow final : public Window {
   HWND default_label_ = nullptr;
   HWND default_ = nullptr;
   HWND close_ = nullptr;
-  HWND tool_tip_ = nullptr;
   Font bold_font_;
   bool default_is_bold_ = false;
 };

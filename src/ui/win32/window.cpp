@@ -7,86 +7,34 @@
 #include <utility>
 
 #include "ui/win32/dpi.h"
+#include "ui/win32/modal.h"
 
 namespace conmuta::win32 {
 namespace {
 
 constexpr wchar_t kClassName[] = L"Conmuta.Window";
 
-// The themed controls that the DLL's manifest asks for, while it lives.
-class ThemedControls {
- public:
-  ThemedControls() {
-    ACTCTXW context{};
-    context.cbSize = sizeof context;
-    context.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
-    context.hModule = ThisModule();
-    context.lpResourceName = MAKEINTRESOURCEW(2);
-    context_ = CreateActCtxW(&context);
-    if (context_ != INVALID_HANDLE_VALUE) active_ = ActivateActCtx(context_, &cookie_);
-  }
-  ~ThemedControls() {
-    if (active_) DeactivateActCtx(0, cookie_);
-    if (context_ != INVALID_HANDLE_VALUE) ReleaseActCtx(context_);
-  }
-  ThemedControls(const ThemedControls&) = delete;
-  ThemedControls& operator=(const ThemedControls&) = delete;
+SIZE SizeOf(const RECT& place) {
+  return {place.right - place.left, place.bottom - place.top};
+}
 
- private:
-  HANDLE context_ = INVALID_HANDLE_VALUE;
-  ULONG_PTR cookie_ = 0;
-  BOOL active_ = FALSE;
-};
+// In the client area of the control's parent.
+RECT PlaceOf(HWND control) {
+  RECT place{};
+  GetWindowRect(control, &place);
+  MapWindowPoints(HWND_DESKTOP, GetParent(control), reinterpret_cast<POINT*>(&place), 2);
+  return place;
+}
 
-// Disables the thread's other windows for as long as it lives.
-class OtherWindowsDisabled {
- public:
-  explicit OtherWindowsDisabled(HWND ours) : ours_(ours), active_(GetActiveWindow()) {
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM self) CALLBACK -> BOOL {
-          reinterpret_cast<OtherWindowsDisabled*>(self)->Disable(window);
-          return TRUE;
-        },
-        reinterpret_cast<LPARAM>(this));
+template <class Function>
+void ForEachChild(HWND window, Function function) {
+  for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    function(child);
   }
-  ~OtherWindowsDisabled() {
-    for (const HWND window : disabled_) {
-      if (IsWindow(window)) EnableWindow(window, TRUE);
-    }
-    if (active_ != nullptr && IsWindow(active_)) SetActiveWindow(active_);
-  }
-  OtherWindowsDisabled(const OtherWindowsDisabled&) = delete;
-  OtherWindowsDisabled& operator=(const OtherWindowsDisabled&) = delete;
-
- private:
-  void Disable(HWND window) {
-    if (window == ours_ || !IsWindowVisible(window) || !IsWindowEnabled(window)) return;
-    EnableWindow(window, FALSE);
-    disabled_.push_back(window);
-  }
-
-  HWND ours_;
-  HWND active_;
-  std::vector<HWND> disabled_;
-};
-
-bool IsMultiLineEdit(HWND control) {
-  wchar_t name[8] = L"";
-  GetClassNameW(control, name, 8);
-  return lstrcmpiW(name, L"Edit") == 0 &&
-         (GetWindowLongPtrW(control, GWL_STYLE) & ES_MULTILINE) != 0;
 }
 
 }  // namespace
-
-HINSTANCE ThisModule() {
-  HMODULE module = nullptr;
-  GetModuleHandleExW(
-      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-      reinterpret_cast<LPCWSTR>(&ThisModule), &module);
-  return module;
-}
 
 // Registered with the first window; gone with the DLL, which holds the procedure.
 class WindowClass {
@@ -110,24 +58,22 @@ Window::~Window() {
   if (handle_ != nullptr) DestroyWindow(handle_);
 }
 
-void Window::Create(const Frame& frame) {
+void Window::Create(const Text& caption) {
   static const WindowClass window_class;
   const ThemedControls themed;
-  const UINT dpi = SystemDpi();
-  const auto scaled = [&](LONG pixels) { return MulDiv(pixels, static_cast<int>(dpi), 96); };
-  const int width = scaled(frame.size.cx);
-  const int height = scaled(frame.size.cy);
-  RECT area{};
-  SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-  least_size_ = frame.least;
-  CreateWindowExW(WS_EX_CONTROLPARENT, kClassName, Wide(frame.caption),
-                  WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                  std::max(area.left, (area.left + area.right - width) / 2),
-                  std::max(area.top, (area.top + area.bottom - height) / 2), width, height, nullptr,
-                  nullptr, ThisModule(), this);
+  CreateWindowExW(WS_EX_CONTROLPARENT, kClassName, Wide(caption),
+                  WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 0, 0, 0, 0, nullptr, nullptr, ThisModule(),
+                  this);
   if (handle_ == nullptr) throw std::bad_alloc();
+  scroll_.Attach(handle_);
+  tips_.Attach(handle_);
   MakeControls();
   UseDpi(DpiOf(handle_));
+  const SIZE size = Clamped(OuterOf(OpeningSize(MostSize())));
+  const RECT area = WorkAreaOf(handle_);
+  SetWindowPos(handle_, nullptr, std::max(area.left, (area.left + area.right - size.cx) / 2),
+               std::max(area.top, (area.top + area.bottom - size.cy) / 2), size.cx, size.cy,
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 HWND Window::AddControl(const wchar_t* window_class, TextView text, DWORD style, int id,
@@ -139,25 +85,89 @@ HWND Window::AddControl(const wchar_t* window_class, TextView text, DWORD style,
   return control;
 }
 
+// --- size ---
+
+SIZE Window::OuterOf(SIZE client) const {
+  RECT outer{0, 0, client.cx, client.cy};
+  AdjustWindowRectEx(&outer, WS_OVERLAPPEDWINDOW, FALSE, WS_EX_CONTROLPARENT);
+  return SizeOf(outer);
+}
+
+// The largest client area that the screen has room for.
+SIZE Window::MostSize() const {
+  const SIZE area = SizeOf(WorkAreaOf(handle_));
+  const SIZE frame = OuterOf({0, 0});
+  return {area.cx - frame.cx, area.cy - frame.cy};
+}
+
+SIZE Window::Clamped(SIZE outer) {
+  const SIZE least = OuterOf(LeastSize(MostSize()));
+  const SIZE area = SizeOf(WorkAreaOf(handle_));
+  return {std::min(std::max(outer.cx, least.cx), area.cx),
+          std::min(std::max(outer.cy, least.cy), area.cy)};
+}
+
+void Window::ClampToScreen() {
+  if (IsZoomed(handle_) || IsIconic(handle_)) return;
+  RECT place{};
+  GetWindowRect(handle_, &place);
+  const RECT area = WorkAreaOf(handle_);
+  const SIZE size = Clamped(SizeOf(place));
+  const LONG x = std::clamp(place.left, area.left, std::max(area.right - size.cx, area.left));
+  const LONG y = std::clamp(place.top, area.top, std::max(area.bottom - size.cy, area.top));
+  SetWindowPos(handle_, nullptr, x, y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void Window::UseDpi(UINT dpi) {
   dpi_ = dpi;
   Font font = MessageFont(dpi);
   EnumChildWindows(
       handle_,
       [](HWND child, LPARAM f) CALLBACK -> BOOL {
-        SendMessageW(child, WM_SETFONT, static_cast<WPARAM>(f), TRUE);
+        SendMessageW(child, WM_SETFONT, static_cast<WPARAM>(f), FALSE);
         return TRUE;
       },
       reinterpret_cast<LPARAM>(font.get()));
   font_ = std::move(font);
-  LayoutNow();
+  measures_ = Measures(font_.get());
+}
+
+// A control that has moved is painted as a whole: bits copied over from where it was may be those
+// of another.
+void Window::Place(HWND control, int x, int y, SIZE size) {
+  const POINT offset = scroll_.offset();
+  const RECT place{x - offset.x, y - offset.y, x - offset.x + std::max(size.cx, 0L),
+                   y - offset.y + std::max(size.cy, 0L)};
+  const RECT before = PlaceOf(control);
+  if (EqualRect(&place, &before)) return;
+  SetWindowPos(control, nullptr, place.left, place.top, place.right - place.left,
+               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+  RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
 }
 
 void Window::LayoutNow() {
   RECT client{};
   GetClientRect(handle_, &client);
-  if (client.right > 0 && client.bottom > 0) Layout({client.right, client.bottom});
+  if (laying_out_ || client.right <= 0 || client.bottom <= 0) return;
+  laying_out_ = true;  // bars that come and go change the size
+  Layout(scroll_.Fit(LeastSize(MostSize())));
+  laying_out_ = false;
+  RedrawWindow(handle_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_NOCHILDREN);
+  RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
+
+bool Window::Scroll(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_MOUSEWHEEL) {
+    const int delta = GET_WHEEL_DELTA_WPARAM(wparam);
+    if (scroll_.ScrollBy(SB_VERT, -delta * 3 * measures_.line() / WHEEL_DELTA)) LayoutNow();
+    return true;
+  }
+  if (lparam != 0) return false;  // a bar of its own
+  if (scroll_.Scroll(message == WM_HSCROLL ? SB_HORZ : SB_VERT, LOWORD(wparam))) LayoutNow();
+  return true;
+}
+
+// --- the modal loop ---
 
 void Window::RunModal() {
   const ThemedControls themed;
@@ -169,6 +179,7 @@ void Window::RunModal() {
     ShowWindow(handle_, SW_SHOWNORMAL);
     SetForegroundWindow(handle_);
     if (const HWND first = GetNextDlgTabItem(handle_, nullptr, FALSE)) SetFocus(first);
+    KeepFocus();
 
     MSG message;
     while (open_) {
@@ -178,9 +189,11 @@ void Window::RunModal() {
         exit_code = message.wParam;
         break;
       }
-      if (TranslateKey(message) || IsDialogMessageW(handle_, &message)) continue;
-      TranslateMessage(&message);
-      DispatchMessageW(&message);
+      if (!TranslateKey(message) && !IsDialogMessageW(handle_, &message)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+      }
+      KeepFocus();
     }
     open_ = false;
   }
@@ -195,12 +208,15 @@ void Window::Close() {
   PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 
-// The keys that a multi-line text would keep for itself.
+// Our own keys, and those that a multi-line text would keep for itself.
 bool Window::TranslateKey(const MSG& message) {
-  if (message.message != WM_KEYDOWN || !IsMultiLineEdit(message.hwnd) ||
-      !IsChild(handle_, message.hwnd)) {
+  if (message.message != WM_KEYDOWN ||
+      (message.hwnd != handle_ && !IsChild(handle_, message.hwnd))) {
     return false;
   }
+  if (Safely([&] { return message.wParam == VK_ESCAPE ? OnEscape() : OnKey(message); }))
+    return true;
+  if (!IsMultiLineEdit(message.hwnd)) return false;
   switch (message.wParam) {
     case VK_ESCAPE:
       SendMessageW(handle_, WM_COMMAND, IDCANCEL, 0);
@@ -220,16 +236,7 @@ bool Window::TranslateKey(const MSG& message) {
   }
 }
 
-LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wparam, LPARAM lparam) {
-  if (message == WM_NCCREATE) {
-    const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lparam);
-    SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
-    static_cast<Window*>(creation->lpCreateParams)->handle_ = handle;
-  }
-  auto* window = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
-  if (window == nullptr) return DefWindowProcW(handle, message, wparam, lparam);
-  return window->Safely([&] { return window->Handle(message, wparam, lparam); });
-}
+// --- focus ---
 
 // To a control, or to the next one (the one before, when `where` is not 0).
 void Window::MoveFocus(WPARAM where, bool is_control) {
@@ -243,28 +250,99 @@ void Window::MoveFocus(WPARAM where, bool is_control) {
   }
 }
 
+// What a command disables or hides may have had the focus; nobody could type then.
+void Window::KeepFocus() {
+  if (handle_ == nullptr || !open_ || GetActiveWindow() != handle_) return;
+  HWND focus = GetFocus();
+  if (focus == nullptr || focus == handle_ || (IsChild(handle_, focus) && !CanTakeFocus(focus))) {
+    const bool was_usable = focus_ != nullptr && IsChild(handle_, focus_) && CanTakeFocus(focus_);
+    SetFocus(was_usable ? focus_ : GetNextDlgTabItem(handle_, nullptr, FALSE));
+    focus = GetFocus();
+  }
+  if (focus == focus_ || focus == nullptr) return;
+  focus_ = focus;
+  ShowDefaultButton();
+  if (IsChild(handle_, focus) && scroll_.Show(PlaceOf(focus))) LayoutNow();
+}
+
+void Window::SetDefaultButton(int id) {
+  default_button_ = id;
+  ShowDefaultButton();
+}
+
+// The push button with the focus, else the window's own.
+int Window::DefaultButton() const {
+  return focus_ != nullptr && IsPushButton(focus_) ? GetDlgCtrlID(focus_) : default_button_;
+}
+
+// Enter presses the button that looks so.
+void Window::ShowDefaultButton() {
+  const int id = DefaultButton();
+  ForEachChild(handle_, [&](HWND child) {
+    if (!IsPushButton(child)) return;
+    const WPARAM wanted = GetDlgCtrlID(child) == id ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+    const LONG_PTR shown = GetWindowLongPtrW(child, GWL_STYLE) & BS_TYPEMASK;
+    if (shown != static_cast<LONG_PTR>(wanted)) SendMessageW(child, BM_SETSTYLE, wanted, TRUE);
+  });
+}
+
+// --- messages ---
+
+LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_NCCREATE) {
+    const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lparam);
+    SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
+    static_cast<Window*>(creation->lpCreateParams)->handle_ = handle;
+  }
+  auto* window = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
+  if (window == nullptr) return DefWindowProcW(handle, message, wparam, lparam);
+  return window->Safely([&] { return window->Handle(message, wparam, lparam); });
+}
+
 LRESULT Window::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
+  LRESULT result = 0;
   switch (message) {
     case WM_SIZE:
       LayoutNow();
       return 0;
     case WM_GETMINMAXINFO: {
-      auto& limits = *reinterpret_cast<MINMAXINFO*>(lparam);
-      limits.ptMinTrackSize = {Scale(least_size_.cx), Scale(least_size_.cy)};
+      if (font_.get() == nullptr) break;  // it is being created
+      const SIZE least = Clamped({0, 0});
+      reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {least.cx, least.cy};
       return 0;
     }
     case WM_DPICHANGED: {
       const RECT& place = *reinterpret_cast<const RECT*>(lparam);
+      UseDpi(HIWORD(wparam));
       SetWindowPos(handle_, nullptr, place.left, place.top, place.right - place.left,
                    place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
-      UseDpi(HIWORD(wparam));
+      ClampToScreen();
+      LayoutNow();
       return 0;
     }
     case WM_SETTINGCHANGE:
+    case WM_DISPLAYCHANGE:
       UseDpi(dpi_);
+      ClampToScreen();
+      LayoutNow();
       return 0;
-    case DM_GETDEFID:
-      return default_button_ != 0 ? MAKELONG(default_button_, DC_HASDEFID) : 0;
+    case WM_ACTIVATE:
+      // Back to where one was, which the system would not know of.
+      if (LOWORD(wparam) != WA_INACTIVE && HIWORD(wparam) == 0 && focus_ != nullptr) {
+        SetFocus(focus_);
+        return 0;
+      }
+      break;
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+    case WM_MOUSEWHEEL:
+      if (OnMessage(message, wparam, lparam, result)) return result;
+      if (Scroll(message, wparam, lparam)) return 0;
+      break;
+    case DM_GETDEFID: {
+      const int id = DefaultButton();
+      return id != 0 ? MAKELONG(id, DC_HASDEFID) : 0;
+    }
     case WM_NEXTDLGCTL:
       MoveFocus(wparam, LOWORD(lparam) != 0);
       return 0;
@@ -282,37 +360,11 @@ LRESULT Window::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       Close();
       return DefWindowProcW(handle, message, wparam, lparam);
     }
-    default: {
-      LRESULT result = 0;
+    default:
       if (OnMessage(message, wparam, lparam, result)) return result;
-      return DefWindowProcW(handle_, message, wparam, lparam);
-    }
+      break;
   }
-}
-
-Text TextOf(HWND control) {
-  Text text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, kNul);
-  const int length = GetWindowTextW(control, reinterpret_cast<wchar_t*>(text.data()),
-                                    static_cast<int>(text.size()));
-  text.resize(static_cast<std::size_t>(length));
-  return text;
-}
-
-void SetText(HWND control, TextView text) {
-  if (TextOf(control) != text) SetWindowTextW(control, Wide(Text(text)));
-}
-
-void SetEnabled(HWND control, bool enabled) {
-  if ((IsWindowEnabled(control) != 0) != enabled) EnableWindow(control, enabled);
-}
-
-void SetVisible(HWND control, bool visible) {
-  const bool is_visible = (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0;
-  if (is_visible != visible) ShowWindow(control, visible ? SW_SHOWNA : SW_HIDE);
-}
-
-void Place(HWND control, int x, int y, int width, int height) {
-  SetWindowPos(control, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+  return DefWindowProcW(handle_, message, wparam, lparam);
 }
 
 }  // namespace conmuta::win32

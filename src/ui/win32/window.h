@@ -1,18 +1,23 @@
-// What all our windows share: creation, the modal loop, DPI, fonts, layout on resize, keys.
+// What all our windows share: creation, the modal loop, fonts, layout, focus and keys.
 #pragma once
 
 #include <windows.h>
 
 #include <exception>
-#include <vector>
 
 #include "platform/text.h"
+#include "ui/win32/client_scroll.h"
+#include "ui/win32/controls.h"
 #include "ui/win32/gdi.h"
+#include "ui/win32/tool_tips.h"
 
 namespace conmuta::win32 {
 
 // A top-level window that runs modally without an owner: while it is open, the thread's other
 // windows are disabled. An exception from a handler closes it and comes out of RunModal.
+//
+// Its size is measured: never so small that a control would cut its text, and never larger than the
+// screen, where scroll bars show what has no room. One control that can be used has the focus.
 class Window {
  public:
   Window(const Window&) = delete;
@@ -26,22 +31,25 @@ class Window {
   HWND handle() const { return handle_; }
 
  protected:
-  // Outer size in pixels at 96 DPI, and the least that a user can make of it.
-  struct Frame {
-    Text caption;
-    SIZE size;
-    SIZE least;
-  };
-
   Window() = default;
 
   // Makes the window with its controls, hidden.
-  void Create(const Frame& frame);
+  void Create(const Text& caption);
 
   virtual void MakeControls() = 0;
-  virtual void Layout(SIZE client) = 0;
+  // Of the client area: the least that cuts nothing, and what the window opens with. `most` is what
+  // the screen has, for those that can do with less width by taking more height.
+  virtual SIZE LeastSize(SIZE most) = 0;
+  virtual SIZE OpeningSize(SIZE most) { return LeastSize(most); }
+  // Places the controls in a room that is not below the least size.
+  virtual void Layout(SIZE room) = 0;
+
   virtual void OnCommand(int id, int code) = 0;
   virtual LRESULT OnNotify(const NMHDR&) { return 0; }
+  // Before it is Cancel's key: whether there was something smaller to be left.
+  virtual bool OnEscape() { return false; }
+  // A key that works wherever the focus is.
+  virtual bool OnKey(const MSG&) { return false; }
   // Anything else; nothing for messages that go to the system's own handling.
   virtual bool OnMessage(UINT, WPARAM, LPARAM, LRESULT&) { return false; }
 
@@ -59,46 +67,48 @@ class Window {
 
   HWND AddControl(const wchar_t* window_class, TextView text, DWORD style, int id,
                   DWORD extended_style = 0);
-  void SetDefaultButton(int id) { default_button_ = id; }
-  // A pixel measure at 96 DPI, in pixels of this window.
-  int Scale(int pixels) const { return MulDiv(pixels, static_cast<int>(dpi_), 96); }
+  // Names the control that is added next to those who cannot see it, unless its own text does.
+  void AddName(TextView name) { SetVisible(AddControl(L"STATIC", name, 0, -1), false); }
+  void SetDefaultButton(int id);
+  void SetTip(HWND control, TextView text) { tips_.Set(control, text); }
+
+  // For Layout: moves a control and has it painted anew. For anything else: asks for a layout.
+  void Place(HWND control, int x, int y, SIZE size);
+  void LayoutNow();
+
+  const Measures& measures() const { return measures_; }
   UINT dpi() const { return dpi_; }
   HFONT font() const { return font_.get(); }
+  // The frame around a client area of that size.
+  SIZE OuterOf(SIZE client) const;
 
  private:
   static LRESULT CALLBACK Procedure(HWND handle, UINT message, WPARAM wparam, LPARAM lparam);
   friend class WindowClass;
 
   LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam);
+  bool Scroll(UINT message, WPARAM wparam, LPARAM lparam);
   bool TranslateKey(const MSG& message);
   void MoveFocus(WPARAM where, bool is_control);
+  void KeepFocus();
+  void ShowDefaultButton();
+  int DefaultButton() const;
   void UseDpi(UINT dpi);
-  void LayoutNow();
+  SIZE MostSize() const;
+  SIZE Clamped(SIZE outer);
+  void ClampToScreen();
 
   HWND handle_ = nullptr;
   bool open_ = false;
+  bool laying_out_ = false;
   UINT dpi_ = 96;
-  SIZE least_size_{};
   int default_button_ = 0;
+  HWND focus_ = nullptr;
+  ClientScroll scroll_;
+  ToolTips tips_;
+  Measures measures_;
   Font font_;
   std::exception_ptr failure_;
 };
-
-// Texts of controls.
-Text TextOf(HWND control);
-void SetText(HWND control, TextView text);  // leaves a control alone that shows it already
-void SetEnabled(HWND control, bool enabled);
-void SetVisible(HWND control, bool visible);
-
-// Moves a control; nothing happens for null.
-void Place(HWND control, int x, int y, int width, int height);
-
-// The module that the code is in.
-HINSTANCE ThisModule();
-
-// For the system: terminated by the Text's own end.
-inline const wchar_t* Wide(const Text& text) {
-  return reinterpret_cast<const wchar_t*>(text.c_str());
-}
 
 }  // namespace conmuta::win32
