@@ -1,13 +1,14 @@
-// The picture of a cable as shapes: both connectors, their pins, a line for every wire. Whoever
-// paints it only paints. Units are pixels at 96 DPI; y grows downwards.
+// The picture of a cable as shapes: both connectors, their pins, a line for every wire, and in
+// digits beside each pin where its wires go. Whoever paints it only paints. Units are pixels where
+// a line of text is about 15 high; y grows downwards.
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <optional>
 #include <span>
 #include <vector>
 
+#include "cable/palette.h"
 #include "cable/wiring.h"
 #include "platform/text.h"
 
@@ -16,22 +17,24 @@ namespace conmuta {
 struct Point {
   double x = 0;
   double y = 0;
+
+  bool operator==(const Point&) const = default;
 };
 
-struct Color {
-  std::uint8_t red = 0;
-  std::uint8_t green = 0;
-  std::uint8_t blue = 0;
-
-  bool operator==(const Color&) const = default;
+// A part of the picture; empty unless left < right.
+struct Box {
+  double left = 0;
+  double top = 0;
+  double right = 0;
+  double bottom = 0;
 };
-
-enum class Side { kLeft, kRight };
 
 // The outline of a D-shaped connector: a trapezium with rounded corners, in order around it.
 struct ShellShape {
   std::array<Point, 4> corners;
   double rounding = 0;
+
+  bool operator==(const ShellShape&) const = default;
 };
 
 struct PinShape {
@@ -41,14 +44,18 @@ struct PinShape {
   double radius = 0;
   Text label;  // two digits
   bool wired = false;
-  bool current = false;
+  bool current = false;  // chosen, pointed at, or at the other end of such a pin
+  bool marked = false;   // the keyboard is at it
   Color fill;
   Color border;
   Color text;
+
+  Pin pin() const { return {side, number}; }
+  bool operator==(const PinShape&) const = default;
 };
 
-// From the centre of a left pin straight out of its shell, in a curve across, and straight into
-// the right pin.
+// From its own entry point on a left pin straight out of the shell, in a curve across, and straight
+// to its entry point on a right pin. The wires of one pin lie side by side and meet nowhere.
 struct WireShape {
   int left = 0;
   int right = 0;
@@ -58,17 +65,45 @@ struct WireShape {
   Point end;
   double width = 0;
   bool emphasised = false;
+  double dash = 0;  // length of a dash and of the gap after it; 0: solid
   Color color;
 
   // The curve is a cubic one; its control points lie half-way across, level with its ends.
   Point FirstControl() const { return {(curve_start.x + curve_end.x) / 2, curve_start.y}; }
   Point SecondControl() const { return {(curve_start.x + curve_end.x) / 2, curve_end.y}; }
+  // The whole wire as short straight pieces.
+  std::vector<Point> Path() const;
+
+  bool operator==(const WireShape&) const = default;
+};
+
+enum class Align { kLeft, kRight };
+
+// One line of text; cut with an ellipsis where it is wider than its room.
+struct CaptionShape {
+  Text text;
+  Point anchor;  // the middle of its left or right edge
+  Align align = Align::kLeft;
+  double width = 0;
+  Color color;
+
+  bool operator==(const CaptionShape&) const = default;
+};
+
+// From a caption to the pin that it belongs to.
+struct LeaderShape {
+  Point from;
+  Point to;
+
+  bool operator==(const LeaderShape&) const = default;
 };
 
 // Runs upwards, its middle at `center`.
 struct LabelShape {
   Text text;
   Point center;
+
+  bool operator==(const LabelShape&) const = default;
 };
 
 struct Diagram {
@@ -76,6 +111,8 @@ struct Diagram {
   double height = 0;
   std::array<ShellShape, 2> shells;
   std::array<LabelShape, 2> labels;
+  std::vector<LeaderShape> leaders;
+  std::vector<CaptionShape> captions;
   std::vector<WireShape> wires;  // in the order of painting: emphasised ones come last
   std::vector<PinShape> pins;
 
@@ -87,12 +124,27 @@ struct Diagram {
   double ScrollRange(double view_height) const;
 };
 
-// The picture of one pair's wiring, as wide as the view but never too narrow to read. The wires of
-// the current left pin (0: none) are emphasised.
-Diagram DrawCable(emPuertoSerial pair, std::span<const WiringMask> table, int current_pin,
+inline constexpr double kLeastDiagramWidth = 500;
+inline constexpr double kMostDiagramWidth = 900;
+
+// Height of the picture of a pair.
+double DiagramHeight(emPuertoSerial pair);
+
+struct DiagramMarks {
+  int current_left = 0;      // the pin that is typed; 0 for none
+  std::optional<Pin> hot;    // the one that is pointed at, which goes before it
+  std::optional<Pin> caret;  // where the keyboard is
+};
+
+// The picture of one pair's wiring, as wide as the view within its bounds.
+Diagram DrawCable(emPuertoSerial pair, std::span<const WiringMask> table, const DiagramMarks& marks,
                   double width);
 
-// A wire that is being drawn with the mouse, from a left pin to where the pointer is.
-WireShape DrawLooseWire(const Diagram& diagram, int left_pin, Point pointer);
+// A wire that is being drawn, from a pin to where the pointer is.
+WireShape DrawLooseWire(const Diagram& diagram, emPuertoSerial pair, Pin from, Point pointer);
+
+// What has to be painted for one picture to become the other, both of one size.
+std::vector<Box> Difference(const Diagram& before, const Diagram& after);
+std::vector<Box> BoxesOf(const WireShape& wire);
 
 }  // namespace conmuta

@@ -2,39 +2,45 @@
 // typing does to the wiring.
 #pragma once
 
-#include "cable/cable_editor.h"
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "cable/usual_cables.h"
 #include "cable/wiring.h"
 #include "platform/text.h"
+#include "platform/window_view.h"
 
 namespace conmuta {
 
-// Nothing here reports an error: a bad left pin disables the list, bad pieces of it are dropped.
-class frmPuertos : public CableEditor {
+// Wires are addressed like those of a configuration: pair, left pin, right pin. Nothing here
+// reports an error: a bad left pin disables the list, bad pieces of it are dropped.
+class frmPuertos {
  public:
-  // What shows the editor. It reads the controls' state from the editor.
-  class View {
-   public:
-    virtual ~View() = default;
-    virtual void Update() = 0;          // something has changed
-    virtual void Run(frmPuertos&) = 0;  // until Close, or the user closes it
-    virtual void Close() = 0;
-  };
+  using View = WindowView<frmPuertos>;
 
   // The view must live as long.
   explicit frmPuertos(View& view) : view_(view) {}
+  frmPuertos(const frmPuertos&) = delete;
+  frmPuertos& operator=(const frmPuertos&) = delete;
 
-  void Caption(TextView caption) override;
-  void Conmutador(TextView name) override;
-  void Modificar(bool may_edit) override;
-  emPuertoSerial PuertoActivo() const override { return pair_; }
-  void PuertoActivo(emPuertoSerial pair) override;
+  // Raised when the user accepts; who opened the window takes the wiring over.
+  std::function<void()> Actualizar;
+
+  void Caption(TextView caption);
+  void Conmutador(TextView name);
+  void Modificar(bool may_edit);
+  emPuertoSerial PuertoActivo() const { return pair_; }
+  void PuertoActivo(emPuertoSerial pair);
   std::int16_t PinIZQ() const { return left_pin_; }
-  void PinIZQ(std::int16_t pin) override { left_pin_ = pin; }
+  void PinIZQ(std::int16_t pin) { left_pin_ = pin; }
   std::int16_t PinDER() const { return right_pin_; }
-  void PinDER(std::int16_t pin) override { right_pin_ = pin; }
-  bool PinesConectados() const override;
-  void PinesConectados(bool wired) override;
-  void Show(ifrmPuertos& client) override;
+  void PinDER(std::int16_t pin) { right_pin_ = pin; }
+  bool PinesConectados() const;
+  void PinesConectados(bool wired);
+
+  // Lets the user work until the window closes.
+  void Show() { view_.Run(*this); }
 
   // What the controls show.
   const Text& caption() const { return caption_; }
@@ -49,24 +55,43 @@ class frmPuertos : public CableEditor {
   // The wiring of the pair that is shown. Its current pin is PinIZQ when txtPinIzq names it, else
   // 0.
   const Wiring& wiring() const { return wiring_; }
+  std::span<const WiringMask> table() const { return wiring_.Table(option_); }
   std::int16_t shown_pin() const { return pin_is_shown_ ? left_pin_ : std::int16_t{0}; }
+  // What the pair does not keep of what is drawn; empty for the others.
+  TextView notice() const;
+  bool can_undo() const { return !undo_.empty(); }
 
   // What the user does.
   void TypeLeftPin(TextView text);
   void TypeConnectedPins(TextView text);
   void ChoosePair(emPuertoSerial pair);
-  void PickLeftPin(int pin);             // in the diagram
-  void ToggleWire(int left, int right);  // in the diagram; while editing only
+  void PickLeftPin(int pin);  // in the diagram
   void Accept();
-  void Cancel();
+  void Cancel() { view_.Close(); }
+
+  // While editing only. Each is one step for Undo, as is what is typed for one pin.
+  void ToggleWire(int left, int right);
+  void CutWires(Pin pin);
+  void UseCable(const UsualCable& cable);  // of the pair that is shown
+  void CutAllWires();                      // of that pair
+  void Undo();
 
  private:
+  // The wiring as it was, and where it was changed.
+  struct Step {
+    Wiring wiring;
+    emPuertoSerial pair;
+  };
+
   void ShowNoList();
+  void ShowList();
   WiringMask* CurrentMask();
   Text ListOf(WiringMask mask) const;
+  void Remember(const Wiring& before);
+  template <class Change>
+  void ChangeTable(Change change);
 
   View& view_;
-  ifrmPuertos* client_ = nullptr;
   Text caption_;
   Text switch_label_;
   emPuertoSerial pair_ = emPuertoSerialDB9DB9;
@@ -79,6 +104,8 @@ class frmPuertos : public CableEditor {
   Text list_text_;
   bool list_enabled_ = false;
   Wiring wiring_;
+  std::vector<Step> undo_;
+  bool typing_ = false;  // what is typed next belongs to the last step
 };
 
 }  // namespace conmuta

@@ -8,7 +8,7 @@
 #include <span>
 #include <utility>
 
-#include "config/enums.h"
+#include "cable/connector_pair.h"
 
 namespace conmuta {
 
@@ -44,6 +44,27 @@ constexpr bool SetWired(std::span<WiringMask> table, int left_pin, int right_pin
   WiringMask& mask = table[static_cast<std::size_t>(left_pin)];
   const WiringMask changed = wired ? mask | PinMask(right_pin) : mask & ~PinMask(right_pin);
   return std::exchange(mask, changed) != changed;
+}
+
+// The side of the computer and that of the switch.
+enum class Side { kLeft, kRight };
+
+constexpr int PinsOf(emPuertoSerial pair, Side side) {
+  return side == Side::kLeft ? LeftPins(pair) : RightPins(pair);
+}
+
+// One pin of either connector.
+struct Pin {
+  Side side = Side::kLeft;
+  int number = 0;
+
+  bool operator==(const Pin&) const = default;
+};
+
+// Whether a configuration keeps the wires of that right pin: of pair DB9-DB25 it takes back the
+// pins 1 to 9 only.
+constexpr bool IsKept(emPuertoSerial pair, int right_pin) {
+  return pair != emPuertoSerialDB9DB25 || right_pin <= 9;
 }
 
 class Wiring {

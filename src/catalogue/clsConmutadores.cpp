@@ -3,13 +3,14 @@
 namespace conmuta {
 
 void clsConmutadores::Directorio(TextView value) {
-  directory_ = value;
-  if (!directory_.ends_with(u'\\')) directory_ += u'\\';
+  directory_ = SwitchFolder::WithBackslash(value);
 }
 
-void clsConmutadores::Editar(const ViewFactory& make_view) {
+void clsConmutadores::Editar(const ViewFactory<frmConmutador>& make_view,
+                             const ViewFactory<frmPuertos>& make_cable_view) {
   const auto view = make_view();
-  frmConmutador window(platform_, *view, [this] { installed_ = true; });
+  frmConmutador window(platform_, *view, make_cable_view);
+  window.EvInstalar = [this] { installed_ = true; };
   window.Prefijo(prefix_);
   window.Extension(extension_);
   window.Directorio(directory_);

@@ -1,17 +1,12 @@
 // The catalogue of switches as hosts see it: where it lives, and the window that manages it.
 #pragma once
 
-#include <functional>
-#include <memory>
-
 #include "catalogue/frmConmutador.h"
 
 namespace conmuta {
 
 class clsConmutadores {
  public:
-  using ViewFactory = std::function<std::unique_ptr<frmConmutador::View>()>;
-
   explicit clsConmutadores(const Platform& platform) : platform_(platform) {}
   clsConmutadores(const clsConmutadores&) = delete;
   clsConmutadores& operator=(const clsConmutadores&) = delete;
@@ -33,8 +28,10 @@ class clsConmutadores {
   // Whether that file has changed in any Editar so far. Hosts rely on it never going back.
   bool Instalado() const { return installed_; }
 
-  // Shows the manager window until the user closes it.
-  void Editar(const ViewFactory& make_view);
+  // Shows the manager window until the user closes it. A model's cable is shown by the other kind
+  // of view.
+  void Editar(const ViewFactory<frmConmutador>& make_view,
+              const ViewFactory<frmPuertos>& make_cable_view);
 
  private:
   const Platform platform_;

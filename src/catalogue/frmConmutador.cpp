@@ -38,10 +38,10 @@ class BusyView {
 }  // namespace
 
 frmConmutador::frmConmutador(const Platform& platform, View& view,
-                             std::function<void()> install_event)
+                             ViewFactory<frmPuertos> make_cable_view)
     : platform_(platform),
       view_(view),
-      install_event_(std::move(install_event)),
+      make_cable_view_(std::move(make_cable_view)),
       config_(platform),
       selected_(&tree_.root()),
       default_caption_(kNoDefault) {
@@ -49,45 +49,23 @@ frmConmutador::frmConmutador(const Platform& platform, View& view,
 }
 
 void frmConmutador::Directorio(TextView value) {
-  directory_ = value;
-  if (!directory_.ends_with(u'\\')) directory_ += u'\\';
+  folder_.directory = SwitchFolder::WithBackslash(value);
   CargaConmutadoresDisponibles();
-  if (!installed_file_.empty()) MarkDefault();
+  if (!folder_.installed_file.empty()) MarkDefault();
 }
 
 void frmConmutador::ArchivoInstalar(TextView value) {
-  installed_file_ = value;
-  if (!platform_.files.Exists(installed_file_) || directory_.empty()) return;
+  folder_.installed_file = value;
+  if (!platform_.files.Exists(value) || folder_.directory.empty()) return;
   if (tree_.root().children.empty()) CargaConmutadoresDisponibles();
   if (!tree_.root().children.empty()) MarkDefault();
-}
-
-// --- the files of the catalogue ---
-
-Text frmConmutador::FileOf(std::int32_t number) const {
-  return Text(directory_).append(prefix_).append(ToText(number)).append(u".").append(extension_);
-}
-
-// What stands between prefix and extension, when it is a number.
-std::optional<std::int32_t> frmConmutador::NumberOf(TextView file_name) const {
-  const std::size_t around = prefix_.size() + extension_.size() + 1;
-  if (file_name.size() <= around) return std::nullopt;
-  const auto number = ReadWholeNumber(file_name.substr(prefix_.size(), file_name.size() - around));
-  if (!number || !std::in_range<std::int32_t>(*number)) return std::nullopt;
-  return static_cast<std::int32_t>(*number);
 }
 
 void frmConmutador::CargaConmutadoresDisponibles() {
   const BusyView busy(view_);
   scanning_ = true;
-  const Text pattern = Text(directory_).append(prefix_).append(u"*.").append(extension_);
-  for (const Text& name : platform_.files.List(pattern)) {
-    if (name == u"." || name == u"..") continue;
-    const Text path = directory_ + name;
-    // Files without the archive attribute are passed over, good ones too: hosts rely on it.
-    if ((platform_.files.Attributes(path).value_or(0) & kAttributeArchive) == 0) continue;
-    const auto number = NumberOf(name);
-    if (number && OpenQuietly(path)) RegisterScanned(*number);
+  for (const SwitchFolder::Entry& entry : folder_.Scan(platform_.files)) {
+    if (OpenQuietly(entry.path)) RegisterScanned(entry.number);
   }
   scanning_ = false;
   tree_.root().expanded = true;
@@ -130,7 +108,7 @@ void frmConmutador::RegisterAdded() {
   if (next_model_ < 0) next_model_ = 1;
   if (!std::in_range<std::int32_t>(next_model_)) return;  // none is left
   const auto number = static_cast<std::int32_t>(next_model_++);
-  const Text copy = std::exchange(selected_file_, FileOf(number));
+  const Text copy = std::exchange(selected_file_, folder_.FileOf(number));
   // Tree and counter keep in step with the disk.
   if (!platform_.files.Copy(copy, selected_file_)) return;
   SwitchNode& model = AddModel(number);
@@ -139,7 +117,7 @@ void frmConmutador::RegisterAdded() {
 }
 
 void frmConmutador::UpdateModel(SwitchNode& model) {
-  selected_file_ = FileOf(tree_key::Number(model.key));
+  selected_file_ = folder_.FileOf(tree_key::Number(model.key));
   const Text question =
       Text(u"¿Deseas actualizar el conmutador : ").append(config_.NombreConmutador()).append(u" ?");
   if (view_.ShowMessage(question, kQuestion, kTitle) != kYes) return;
@@ -148,11 +126,7 @@ void frmConmutador::UpdateModel(SwitchNode& model) {
   } catch (const ConfigError&) {
     return;
   }
-  // A default switch that is the catalogue's file itself has just been written.
-  const bool is_copy = !EqualIgnoringCase(selected_file_, installed_file_);
-  if (IsDefault(model) && is_copy && platform_.files.Remove(installed_file_)) {
-    platform_.files.Copy(selected_file_, installed_file_);
-  }
+  if (IsDefault(model)) folder_.UpdateInstalled(platform_.files, selected_file_);
   Select(model);
 }
 
@@ -209,7 +183,7 @@ void frmConmutador::ClickSelected() {
   config_.Iniciar();
   selected_file_.clear();
   if (tree_key::IsModel(selected_->key)) {
-    selected_file_ = FileOf(tree_key::Number(selected_->key));
+    selected_file_ = folder_.FileOf(tree_key::Number(selected_->key));
     Text why;
     if (!platform_.files.Exists(selected_file_)) {
       // Gone behind our back: everything stays cleared.
@@ -269,7 +243,7 @@ void frmConmutador::ForgetDefault() {
 
 void frmConmutador::MarkDefault() {
   default_caption_ = kNoDefault;
-  if (platform_.files.Exists(installed_file_) && OpenQuietly(installed_file_)) {
+  if (platform_.files.Exists(folder_.installed_file) && OpenQuietly(folder_.installed_file)) {
     if (SwitchNode* model = tree_.FindModel(config_.Marca(), config_.Modelo())) {
       Select(*model);
       ShowDefaultCaption(config_.NombreConmutador(), kDefaultToolTip);
@@ -282,21 +256,20 @@ void frmConmutador::MarkDefault() {
 
 void frmConmutador::btnInstalar() {
   if (selected_file_.empty()) return;
-  if (installed_file_.empty()) {
+  if (folder_.installed_file.empty()) {
     view_.ShowMessage(
         u"No se ha determinado el archivo que se usará para predeterminar el conmutador a usar.",
         kNotice, kErrorTitle);
     return;
   }
-  if (EqualIgnoringCase(selected_file_, installed_file_)) {
+  if (folder_.IsInstalledFile(selected_file_)) {
     view_.ShowMessage(u"Ha ocurrido un conflicto de nombres de archivos.", kNotice, kErrorTitle);
     return;
   }
   if (!platform_.files.Exists(selected_file_)) return;
-  if (platform_.files.Exists(installed_file_)) platform_.files.Remove(installed_file_);
-  platform_.files.Copy(selected_file_, installed_file_);
+  folder_.Install(platform_.files, selected_file_);
   MarkDefault();
-  install_event_();
+  RaiseInstalled();
   view_.ShowMessage(Text(u"Se ha predeterminado exitosamente el conmutador ")
                         .append(kLineBreak)
                         .append(config_.NombreConmutador())
@@ -309,9 +282,9 @@ void frmConmutador::btnDesinstalar() {
   const Text question =
       Text(u"¿Deseas quitar el conmutador predeterminado '").append(default_caption_).append(u"'?");
   if (view_.ShowMessage(question, kQuestion, kTitle) != kYes) return;
-  if (installed_file_.empty()) return;
-  if (platform_.files.Exists(installed_file_)) {
-    const bool removed = platform_.files.Remove(installed_file_);
+  if (folder_.installed_file.empty()) return;
+  if (platform_.files.Exists(folder_.installed_file)) {
+    const bool removed = platform_.files.Remove(folder_.installed_file);
     view_.ShowMessage(removed ? Text(u"Se ha quitado el conmutador predeterminado exitosamente.")
                               : platform_.files.LastError(),
                       kNotice, kTitle);
@@ -336,9 +309,7 @@ void frmConmutador::btnBuscar() {
                       kNotice, kErrorTitle);
     return;
   }
-  const Text copy = directory_ + u"cfg.tmp";
-  if (files.Exists(copy)) files.Remove(copy);
-  if (!files.Copy(*chosen, copy)) {
+  if (!folder_.CopyToTemporary(files, *chosen)) {
     const Text why = files.LastError();
     view_.ShowMessage(Text(u"No es posible acceder al archivo :  ")
                           .append(*chosen)
@@ -348,11 +319,11 @@ void frmConmutador::btnBuscar() {
     return;
   }
   Text why;
-  if (!OpenQuietly(copy, &why)) {
+  if (!OpenQuietly(folder_.TemporaryFile(), &why)) {
     view_.ShowMessage(why, kNotice, kErrorTitle);
     return;
   }
-  selected_file_ = copy;
+  selected_file_ = folder_.TemporaryFile();
   RegisterAdded();
   ClickSelected();
 }
@@ -372,8 +343,8 @@ void frmConmutador::btnEliminar() {
   if (view_.ShowMessage(question, kQuestion, kWarningTitle) != kYes) return;
   if (!platform_.files.Remove(selected_file_)) return;
   if (is_default) {
-    platform_.files.Remove(installed_file_);
-    install_event_();
+    platform_.files.Remove(folder_.installed_file);
+    RaiseInstalled();
     ForgetDefault();
   }
   SwitchNode& model = *selected_;
@@ -390,7 +361,7 @@ void frmConmutador::btnEliminar() {
 }
 
 void frmConmutador::btnPuertos() {
-  if (config_.HayConfig()) view_.EditCable(config_);
+  if (config_.HayConfig()) config_.EDConfigSeriales(false, make_cable_view_);
 }
 
 }  // namespace conmuta

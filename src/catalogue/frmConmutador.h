@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 
+#include "catalogue/switch_folder.h"
 #include "catalogue/switch_tree.h"
 #include "config/clsCfgConmut.h"
 #include "platform/platform.h"
@@ -26,10 +27,8 @@ class frmConmutador {
  public:
   // What shows the window and asks the person. It reads the controls' state from the window; what
   // happens to the tree it is told, since that may be large. Nodes are addressed by key.
-  class View {
+  class View : public WindowView<frmConmutador> {
    public:
-    virtual ~View() = default;
-    virtual void Update() = 0;       // some control has changed
     virtual void TreeChanged() = 0;  // altogether
     virtual void NodeAdded(const SwitchNode& node) = 0;
     virtual void NodeRemoved(const SwitchNode& node) = 0;   // it is still there
@@ -38,25 +37,25 @@ class frmConmutador {
     virtual void Busy(bool busy) = 0;                       // shows an hourglass
     virtual int ShowMessage(TextView text, int style, TextView title) = 0;
     virtual std::optional<Text> OpenFile(const OpenFileDialog& dialog) = 0;
-    virtual void EditCable(clsCfgConmut& config) = 0;
-    virtual void Run(frmConmutador& window) = 0;  // until Close, or the user closes it
-    virtual void Close() = 0;
   };
 
-  // All must live as long. `install_event` is EvInstalar: the default-switch file has changed.
-  frmConmutador(const Platform& platform, View& view, std::function<void()> install_event);
+  // All must live as long.
+  frmConmutador(const Platform& platform, View& view, ViewFactory<frmPuertos> make_cable_view);
   frmConmutador(const frmConmutador&) = delete;
   frmConmutador& operator=(const frmConmutador&) = delete;
 
+  // Raised when the default-switch file has changed.
+  std::function<void()> EvInstalar;
+
   // Prefijo and Extension first: setting the directory scans it, and setting the default-switch
   // file marks it in the tree.
-  const Text& Prefijo() const { return prefix_; }
-  void Prefijo(TextView value) { prefix_ = value; }
-  const Text& Extension() const { return extension_; }
-  void Extension(TextView value) { extension_ = value; }
-  const Text& Directorio() const { return directory_; }
+  const Text& Prefijo() const { return folder_.prefix; }
+  void Prefijo(TextView value) { folder_.prefix = value; }
+  const Text& Extension() const { return folder_.extension; }
+  void Extension(TextView value) { folder_.extension = value; }
+  const Text& Directorio() const { return folder_.directory; }
   void Directorio(TextView value);
-  const Text& ArchivoInstalar() const { return installed_file_; }
+  const Text& ArchivoInstalar() const { return folder_.installed_file; }
   void ArchivoInstalar(TextView value);
 
   void Show() { view_.Run(*this); }
@@ -87,8 +86,6 @@ class frmConmutador {
 
  private:
   void CargaConmutadoresDisponibles();
-  std::optional<std::int32_t> NumberOf(TextView file_name) const;
-  Text FileOf(std::int32_t number) const;
 
   void RegisterScanned(std::int32_t number);
   void RegisterAdded();
@@ -97,6 +94,9 @@ class frmConmutador {
   void CountModels(int change);
 
   void MarkDefault();
+  void RaiseInstalled() {
+    if (EvInstalar) EvInstalar();
+  }
   void ForgetDefault();
   void ShowDefaultCaption(TextView caption, TextView tool_tip);
   bool IsDefault(const SwitchNode& node) const { return node.key == default_key_; }
@@ -108,11 +108,8 @@ class frmConmutador {
 
   const Platform platform_;
   View& view_;
-  const std::function<void()> install_event_;
-  Text directory_;
-  Text prefix_;
-  Text extension_;
-  Text installed_file_;
+  const ViewFactory<frmPuertos> make_cable_view_;
+  SwitchFolder folder_;
   clsCfgConmut config_;  // every file that is looked at is opened into this one
   SwitchTree tree_;
   SwitchNode* selected_;

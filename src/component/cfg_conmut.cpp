@@ -179,10 +179,7 @@ class CfgConmut final : public Base, private ConfigListener {
     return Do([&] { config_.Exportar(View(cadArch)); });
   }
   STDMETHODIMP MostrarInformacionConfiguracion() override {
-    return Do([&] {
-      win32::InfoWindowView view;
-      conmuta::MostrarInformacionConfiguracion(config_, view);
-    });
+    return Do([&] { conmuta::MostrarInformacionConfiguracion(config_, win32::MakeInfoView); });
   }
   STDMETHODIMP get_TamMaxSeparador(SHORT* valor) override {
     return Get(valor, [] { return clsCfgConmut::kTamMaxSeparador; });
@@ -200,7 +197,7 @@ class CfgConmut final : public Base, private ConfigListener {
   STDMETHODIMP EDConfigSeriales(VARIANT_BOOL* bolMod) override {
     // Left out by a host, the argument may arrive as null.
     const bool may_edit = bolMod != nullptr && *bolMod != VARIANT_FALSE;
-    return Do([&] { config_.EDConfigSeriales(may_edit, win32::MakeCableEditor); });
+    return Do([&] { config_.EDConfigSeriales(may_edit, win32::MakeCableView); });
   }
 
  private:

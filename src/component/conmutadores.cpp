@@ -1,6 +1,7 @@
 // clsConmutadores as hosts see it.
 #include "catalogue/clsConmutadores.h"
 #include "component/objects.h"
+#include "ui/win32/cable_window.h"
 #include "ui/win32/manager_window.h"
 
 namespace conmuta::component {
@@ -44,7 +45,7 @@ class Conmutadores final : public Base {
     return GetBool(valor, [&] { return catalogue_.Instalado(); });
   }
   STDMETHODIMP Editar() override {
-    return Do([&] { catalogue_.Editar(win32::MakeManagerView); });
+    return Do([&] { catalogue_.Editar(win32::MakeManagerView, win32::MakeCableView); });
   }
 
  private:

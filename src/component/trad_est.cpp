@@ -45,10 +45,8 @@ class TradEST final : public Base {
     return Do([&] { translator_->TraduceNortelNorstar0x32SMDR6(); });
   }
   STDMETHODIMP MuestraInfoTrad() override {
-    return Do([&] {
-      win32::InfoWindowView view;
-      conmuta::MuestraInfoTrad(*translator_, SystemMonthNames(), view);
-    });
+    return Do(
+        [&] { conmuta::MuestraInfoTrad(*translator_, SystemMonthNames(), win32::MakeInfoView); });
   }
   STDMETHODIMP AltaLlamadaLista() override {
     return Do([&] { translator_->AltaLlamadaLista(); });

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "cable/cable_editor.h"
+#include "cable/frmPuertos.h"
 #include "config/header.h"
 #include "config/slot_list.h"
 #include "platform/platform.h"
@@ -133,7 +133,7 @@ class clsCfgConmut {
 
   // Shows the wiring in an editor and takes it over when the user accepts. PuertoActivo is 4
   // afterwards. Each wire that changes raises Cambios.
-  void EDConfigSeriales(bool bolMod, const CableEditorFactory& make_editor);
+  void EDConfigSeriales(bool bolMod, const ViewFactory<frmPuertos>& make_view);
 
   // Replaces the configuration by the content of a file and raises ConfiguracionCargada.
   // ConfigError 1501 when there is no such file or it lacks the archive attribute, 1505 when it is
@@ -158,8 +158,7 @@ class clsCfgConmut {
   void NotifyChange();
   void WriteName(FixedText<50>& field, TextView value);
   bool PinsAreValid() const;
-  class EditorClient;
-  void ifrmPuertos_Actualizar(CableEditor& editor);
+  void TakeWiringFrom(frmPuertos& editor);
 
   template <class Slot>
   static std::uint8_t ReadByte(const SlotList<Slot>& list, typename Slot::Kind active,

@@ -46,44 +46,34 @@ void clsCfgConmut::PinesConectados(bool wired) {
   NotifyChange();
 }
 
-class clsCfgConmut::EditorClient final : public ifrmPuertos {
- public:
-  EditorClient(clsCfgConmut& config, CableEditor& editor) : config_(config), editor_(editor) {}
-
-  void Actualizar() override { config_.ifrmPuertos_Actualizar(editor_); }
-
- private:
-  clsCfgConmut& config_;
-  CableEditor& editor_;
-};
-
 // Hosts rely on both copies going through PinDER of this object: of pair DB9-DB25 it takes the
 // right pins 1 to 9 only, so the editor shows pin 9 for 10 to 25 and hands 25 back as 9.
-void clsCfgConmut::EDConfigSeriales(bool bolMod, const CableEditorFactory& make_editor) {
-  const auto editor = make_editor();
-  editor->Caption(u"Configuración de puerto SMDR");
-  editor->Conmutador(NombreConmutador());
-  editor->Modificar(bolMod);
+void clsCfgConmut::EDConfigSeriales(bool bolMod, const ViewFactory<frmPuertos>& make_view) {
+  const auto view = make_view();
+  frmPuertos editor(*view);
+  editor.Caption(u"Configuración de puerto SMDR");
+  editor.Conmutador(NombreConmutador());
+  editor.Modificar(bolMod);
   WalkWires(
       [&](emPuertoSerial pair) {
-        editor->PuertoActivo(pair);
+        editor.PuertoActivo(pair);
         PuertoActivo(pair);
       },
       [&](std::int16_t pin) {
-        editor->PinIZQ(pin);
+        editor.PinIZQ(pin);
         PinIZQ(pin);
       },
       [&](std::int16_t pin) {
-        editor->PinDER(pin);
+        editor.PinDER(pin);
         PinDER(pin);
-        editor->PinesConectados(PinesConectados());
+        editor.PinesConectados(PinesConectados());
       });
-  editor->PuertoActivo(emPuertoSerialDB9DB9);
-  EditorClient client(*this, *editor);
-  editor->Show(client);
+  editor.PuertoActivo(emPuertoSerialDB9DB9);
+  editor.Actualizar = [&] { TakeWiringFrom(editor); };
+  editor.Show();
 }
 
-void clsCfgConmut::ifrmPuertos_Actualizar(CableEditor& editor) {
+void clsCfgConmut::TakeWiringFrom(frmPuertos& editor) {
   WalkWires(
       [&](emPuertoSerial pair) {
         editor.PuertoActivo(pair);

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "cable/connector_pair.h"
+
 namespace conmuta {
 
 // Kinds of data items (DATO). 0, 1 and 54 are bounds, never the kind of a valid slot.
@@ -117,15 +119,6 @@ enum emVersionConfiguracion : std::int32_t {
   emVersionActual = 1,
   emVersion2_0 = 2,
   emVersion3_0 = 3,
-};
-
-// Connector pairs of the serial cable: computer side first, switch side second.
-enum emPuertoSerial : std::int32_t {
-  emNoPuerto = 0,
-  emPuertoSerialDB9DB9 = 1,
-  emPuertoSerialDB9DB25 = 2,
-  emPuertoSerialDB25DB9 = 3,
-  emPuertoSerialDB25DB25 = 4,
 };
 
 // Failures of the configuration file operations.

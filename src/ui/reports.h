@@ -8,9 +8,10 @@
 
 namespace conmuta {
 
-void MostrarInformacionConfiguracion(clsCfgConmut& config, InfoView& view);
+void MostrarInformacionConfiguracion(clsCfgConmut& config, const ViewFactory<frmInfo>& make_view);
 
 // The window keeps the caption of the other report: hosts know it so.
-void MuestraInfoTrad(clsTradEST& translator, const MonthNames& months, InfoView& view);
+void MuestraInfoTrad(clsTradEST& translator, const MonthNames& months,
+                     const ViewFactory<frmInfo>& make_view);
 
 }  // namespace conmuta

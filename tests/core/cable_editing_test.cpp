@@ -3,26 +3,17 @@
 #include <gtest/gtest.h>
 
 #include "support/config_bench.h"
-#include "support/stand_in_editor.h"
+#include "support/editor_bench.h"
 
 namespace conmuta {
 namespace {
 
-using test::StandInEditor;
+using test::HasWire;
+using test::SetWire;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-struct PairPins {
-  emPuertoSerial pair;
-  int left;
-  int right;
-};
-constexpr PairPins kPairs[] = {{emPuertoSerialDB9DB9, 9, 9},
-                               {emPuertoSerialDB9DB25, 9, 25},
-                               {emPuertoSerialDB25DB9, 25, 9},
-                               {emPuertoSerialDB25DB25, 25, 25}};
 
 class CableEditing : public testing::Test, protected test::ConfigBench {
  protected:
@@ -55,73 +46,78 @@ class CableEditing : public testing::Test, protected test::ConfigBench {
     config.GuardarComo(u"switch.cfg");
     TakeEvents();
   }
-  void Edit(StandInEditor::User user, bool may_edit = true) {
-    config.EDConfigSeriales(may_edit, StandInEditor::Factory(log, std::move(user)));
+  void Edit(std::function<void(frmPuertos&)> user, bool may_edit = true) {
+    view.user = std::move(user);
+    config.EDConfigSeriales(may_edit, [this] {
+      ++made;
+      return std::make_unique<test::HandedOutView>(view);
+    });
   }
   // Changes the editor's wires and accepts.
-  void EditAndAccept(std::function<void(StandInEditor&)> change) {
-    Edit([&](StandInEditor& editor, ifrmPuertos& client) {
+  void EditAndAccept(std::function<void(frmPuertos&)> change) {
+    Edit([&](frmPuertos& editor) {
       change(editor);
-      client.Actualizar();
+      editor.Accept();
     });
   }
 
-  test::EditorLog log;
+  test::PlayingView view;
+  int made = 0;
 };
 
-void Cancel(StandInEditor&, ifrmPuertos&) {}
-void Accept(StandInEditor&, ifrmPuertos& client) {
-  client.Actualizar();
+void Cancel(frmPuertos& editor) {
+  editor.Cancel();
+}
+void Accept(frmPuertos& editor) {
+  editor.Accept();
 }
 
-TEST_F(CableEditing, TellsTheEditorEverythingInItsOrder) {
+TEST_F(CableEditing, EditorHasEveryWireOfEveryPair) {
   Wire(emPuertoSerialDB9DB9, 2, 3);
   Wire(emPuertoSerialDB25DB9, 25, 9);
   Wire(emPuertoSerialDB25DB25, 1, 25);
-  Edit(Cancel);
-  std::vector<std::string> expected = {"caption", "name", "may edit"};
-  for (const PairPins& pins : kPairs) {
-    expected.push_back("pair " + std::to_string(pins.pair));
-    for (int left = 1; left <= pins.left; ++left) {
-      expected.push_back("left " + std::to_string(left));
-      for (int right = 1; right <= pins.right; ++right) {
-        expected.push_back("right " + std::to_string(right));
-        const bool wired = (pins.pair == 1 && left == 2 && right == 3) ||
-                           (pins.pair == 3 && left == 25 && right == 9) ||
-                           (pins.pair == 4 && left == 1 && right == 25);
-        expected.push_back(wired ? "wired" : "not wired");
-      }
-    }
-  }
-  expected.push_back("pair 1");
-  expected.push_back("show");
-  EXPECT_EQ(log.calls, expected);
+  Wiring expected;
+  SetWired(expected.Table(emPuertoSerialDB9DB9), 2, 3, true);
+  SetWired(expected.Table(emPuertoSerialDB25DB9), 25, 9, true);
+  SetWired(expected.Table(emPuertoSerialDB25DB25), 1, 25, true);
+  Edit([&](frmPuertos& editor) {
+    EXPECT_EQ(editor.wiring(), expected);
+    // The last pins that were told, and the first pair for the user.
+    EXPECT_EQ(editor.PuertoActivo(), emPuertoSerialDB9DB9);
+    EXPECT_EQ(editor.PinIZQ(), 25);
+    EXPECT_EQ(editor.PinDER(), 25);
+    EXPECT_FALSE(editor.can_undo()) << "filling it is not the user's doing";
+  });
+  EXPECT_THAT(view.calls, ElementsAre("Run", "closed"));
 }
 
 TEST_F(CableEditing, CaptionNameAndPermissionReachTheEditor) {
-  Edit(Cancel, false);
-  EXPECT_EQ(log.caption, u"Configuraci\u00F3n de puerto SMDR");
-  EXPECT_EQ(log.name, u"Desconocido");
-  EXPECT_EQ(log.calls.at(2), "may look");
+  Edit(
+      [](frmPuertos& editor) {
+        EXPECT_EQ(editor.caption(), u"Configuración de puerto SMDR");
+        EXPECT_EQ(editor.etqConmutador(), u"Conmutador\r\nDesconocido");
+        EXPECT_FALSE(editor.may_edit());
+      },
+      false);
   Name();
-  Edit(Cancel, true);
-  EXPECT_EQ(log.name, u"ACME, X1");
-  EXPECT_THAT(log.calls, testing::Contains("may edit"));
+  Edit([](frmPuertos& editor) {
+    EXPECT_EQ(editor.etqConmutador(), u"Conmutador\r\nACME, X1");
+    EXPECT_TRUE(editor.may_edit());
+  });
 }
 
-TEST_F(CableEditing, EditorLivesUntilItIsClosed) {
-  Edit([&](StandInEditor&, ifrmPuertos&) { EXPECT_EQ(log.open, 1); });
-  EXPECT_EQ(log.open, 0);
+TEST_F(CableEditing, EveryOpeningHasAViewOfItsOwn) {
+  Edit(Cancel);
   Edit(Accept);
-  EXPECT_EQ(log.open, 0);
+  EXPECT_EQ(made, 2);
 }
 
 TEST_F(CableEditing, CancelKeepsTheWiring) {
   Wire(emPuertoSerialDB9DB9, 2, 3);
   Save();
-  Edit([](StandInEditor& editor, ifrmPuertos&) {
-    editor.Wire(1, 2, 3) = false;
-    editor.Wire(4, 1, 1) = true;
+  Edit([](frmPuertos& editor) {
+    SetWire(editor, 1, 2, 3, false);
+    SetWire(editor, 4, 1, 1, true);
   });
   EXPECT_FALSE(config.Modificado());
   EXPECT_THAT(TakeEvents(), IsEmpty());
@@ -130,25 +126,6 @@ TEST_F(CableEditing, CancelKeepsTheWiring) {
   EXPECT_EQ(config.PinDER(), 25);
   EXPECT_THAT(Wires(emPuertoSerialDB9DB9), ElementsAre("2-3"));
   EXPECT_THAT(Wires(emPuertoSerialDB25DB25), IsEmpty());
-}
-
-TEST_F(CableEditing, AcceptReadsTheEditorInItsOrder) {
-  Edit([&](StandInEditor&, ifrmPuertos& client) {
-    log.calls.clear();
-    client.Actualizar();
-  });
-  std::vector<std::string> expected;
-  for (const PairPins& pins : kPairs) {
-    expected.push_back("pair " + std::to_string(pins.pair));
-    for (int left = 1; left <= pins.left; ++left) {
-      expected.push_back("left " + std::to_string(left));
-      for (int right = 1; right <= pins.right; ++right) {
-        expected.push_back("right " + std::to_string(right));
-        expected.push_back("read");
-      }
-    }
-  }
-  EXPECT_EQ(log.calls, expected);
 }
 
 TEST_F(CableEditing, AcceptWithoutChangesIsNoChange) {
@@ -171,11 +148,11 @@ TEST_F(CableEditing, EachChangedWireRaisesCambios) {
   Wire(emPuertoSerialDB9DB9, 2, 3);
   Wire(emPuertoSerialDB25DB25, 25, 25);
   Save();
-  EditAndAccept([](StandInEditor& editor) {
-    editor.Wire(1, 2, 3) = false;
-    editor.Wire(1, 3, 2) = true;
-    editor.Wire(3, 25, 9) = true;
-    editor.Wire(4, 1, 25) = true;
+  EditAndAccept([](frmPuertos& editor) {
+    SetWire(editor, 1, 2, 3, false);
+    SetWire(editor, 1, 3, 2, true);
+    SetWire(editor, 3, 25, 9, true);
+    SetWire(editor, 4, 1, 25, true);
   });
   EXPECT_TRUE(config.Modificado());
   EXPECT_THAT(TakeEvents(), testing::AllOf(SizeIs(4), Each("Cambios")));
@@ -192,22 +169,22 @@ TEST_F(CableEditing, HandlerSeesTheWiresTakenOverSoFar) {
                    "-" + std::to_string(config.PinDER()) +
                    (config.PinesConectados() ? " wired" : " cut"));
   });
-  EditAndAccept([](StandInEditor& editor) {
-    editor.Wire(4, 25, 24) = true;
-    editor.Wire(1, 9, 1) = true;
+  EditAndAccept([](frmPuertos& editor) {
+    SetWire(editor, 4, 25, 24, true);
+    SetWire(editor, 1, 9, 1, true);
   });
   EXPECT_THAT(seen, ElementsAre("1: 9-1 wired", "4: 25-24 wired"));
 }
 
 TEST_F(CableEditing, MayBeAcceptedMoreThanOnce) {
   Save();
-  Edit([](StandInEditor& editor, ifrmPuertos& client) {
-    editor.Wire(1, 1, 1) = true;
-    client.Actualizar();
-    client.Actualizar();
-    editor.Wire(1, 1, 1) = false;
-    editor.Wire(1, 1, 2) = true;
-    client.Actualizar();
+  Edit([](frmPuertos& editor) {
+    SetWire(editor, 1, 1, 1, true);
+    editor.Accept();
+    editor.Accept();
+    SetWire(editor, 1, 1, 1, false);
+    SetWire(editor, 1, 1, 2, true);
+    editor.Accept();
   });
   EXPECT_THAT(TakeEvents(), SizeIs(3));
   EXPECT_THAT(Wires(emPuertoSerialDB9DB9), ElementsAre("1-2"));
@@ -218,18 +195,18 @@ TEST_F(CableEditing, RightPinsBehindTheNinthShowTheNinth) {
   Wire(emPuertoSerialDB9DB25, 1, 9);
   Wire(emPuertoSerialDB9DB25, 2, 20);
   Wire(emPuertoSerialDB9DB25, 3, 8);
-  Edit([](StandInEditor& editor, ifrmPuertos&) {
+  Edit([](frmPuertos& editor) {
     for (int right = 1; right <= 25; ++right) {
-      EXPECT_EQ(editor.Wire(2, 1, right), right >= 9) << right;
-      EXPECT_FALSE(editor.Wire(2, 2, right)) << right;
-      EXPECT_EQ(editor.Wire(2, 3, right), right == 8) << right;
+      EXPECT_EQ(HasWire(editor, 2, 1, right), right >= 9) << right;
+      EXPECT_FALSE(HasWire(editor, 2, 2, right)) << right;
+      EXPECT_EQ(HasWire(editor, 2, 3, right), right == 8) << right;
     }
   });
 }
 
 TEST_F(CableEditing, NinthRightPinEndsAsTheTwentyFifth) {
   Save();
-  EditAndAccept([](StandInEditor& editor) { editor.Wire(2, 1, 25) = true; });
+  EditAndAccept([](frmPuertos& editor) { SetWire(editor, 2, 1, 25, true); });
   EXPECT_THAT(TakeEvents(), ElementsAre("Cambios"));
   EXPECT_TRUE(config.Modificado());
   EXPECT_THAT(Wires(emPuertoSerialDB9DB25), ElementsAre("1-9"));
@@ -237,10 +214,10 @@ TEST_F(CableEditing, NinthRightPinEndsAsTheTwentyFifth) {
 
 TEST_F(CableEditing, NinthRightPinTakesEveryStateOnTheWayToTheTwentyFifth) {
   Save();
-  EditAndAccept([](StandInEditor& editor) {
-    editor.Wire(2, 1, 9) = true;   // set at 9, cut at 10
-    editor.Wire(2, 2, 17) = true;  // set at 17, cut at 18
-    editor.Wire(2, 3, 3) = true;
+  EditAndAccept([](frmPuertos& editor) {
+    SetWire(editor, 2, 1, 9, true);   // set at 9, cut at 10
+    SetWire(editor, 2, 2, 17, true);  // set at 17, cut at 18
+    SetWire(editor, 2, 3, 3, true);
   });
   EXPECT_THAT(TakeEvents(), SizeIs(5));
   EXPECT_THAT(Wires(emPuertoSerialDB9DB25), ElementsAre("3-3"));
@@ -249,9 +226,9 @@ TEST_F(CableEditing, NinthRightPinTakesEveryStateOnTheWayToTheTwentyFifth) {
 TEST_F(CableEditing, WiresBehindTheNinthStayUntouched) {
   Wire(emPuertoSerialDB9DB25, 2, 20);
   Save();
-  EditAndAccept([](StandInEditor& editor) {
+  EditAndAccept([](frmPuertos& editor) {
     for (int left = 1; left <= 9; ++left) {
-      for (int right = 10; right <= 25; ++right) editor.Wire(2, left, right) = false;
+      for (int right = 10; right <= 25; ++right) SetWire(editor, 2, left, right, false);
     }
   });
   EXPECT_THAT(TakeEvents(), IsEmpty());
@@ -259,11 +236,11 @@ TEST_F(CableEditing, WiresBehindTheNinthStayUntouched) {
 }
 
 TEST_F(CableEditing, EverythingMayBeWired) {
-  EditAndAccept([](StandInEditor& editor) {
-    for (const PairPins& pins : kPairs) {
-      for (int left = 1; left <= pins.left; ++left) {
-        for (int right = 1; right <= pins.right; ++right) {
-          editor.Wire(pins.pair, left, right) = true;
+  EditAndAccept([](frmPuertos& editor) {
+    for (int pair = 1; pair <= 4; ++pair) {
+      for (int left = 1; left <= LeftPins(test::Pair(pair)); ++left) {
+        for (int right = 1; right <= RightPins(test::Pair(pair)); ++right) {
+          SetWire(editor, pair, left, right);
         }
       }
     }
@@ -272,29 +249,6 @@ TEST_F(CableEditing, EverythingMayBeWired) {
   EXPECT_THAT(Wires(emPuertoSerialDB9DB25), SizeIs(9 * 9));
   EXPECT_THAT(Wires(emPuertoSerialDB25DB9), SizeIs(25 * 9));
   EXPECT_THAT(Wires(emPuertoSerialDB25DB25), SizeIs(25 * 25));
-}
-
-// An editor that is asked for one pair and answers with another.
-class StubbornEditor final : public CableEditor {
- public:
-  void Caption(TextView) override {}
-  void Conmutador(TextView) override {}
-  void Modificar(bool) override {}
-  emPuertoSerial PuertoActivo() const override { return emPuertoSerialDB25DB9; }
-  void PuertoActivo(emPuertoSerial) override {}
-  void PinIZQ(std::int16_t) override {}
-  void PinDER(std::int16_t) override {}
-  bool PinesConectados() const override { return true; }
-  void PinesConectados(bool) override {}
-  void Show(ifrmPuertos& client) override { client.Actualizar(); }
-};
-
-TEST_F(CableEditing, PairFollowsTheEditorOnTheWayBack) {
-  config.EDConfigSeriales(true, [] { return std::make_unique<StubbornEditor>(); });
-  EXPECT_EQ(config.PuertoActivo(), emPuertoSerialDB25DB9);
-  EXPECT_THAT(Wires(emPuertoSerialDB25DB9), SizeIs(25 * 9));
-  EXPECT_THAT(Wires(emPuertoSerialDB9DB9), IsEmpty());
-  EXPECT_THAT(Wires(emPuertoSerialDB25DB25), IsEmpty());
 }
 
 }  // namespace

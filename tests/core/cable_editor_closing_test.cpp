@@ -10,15 +10,17 @@ namespace {
 using test::EditorBench;
 using testing::ElementsAre;
 
-class CableEditorClosing : public testing::Test, protected EditorBench, protected ifrmPuertos {
+class CableEditorClosing : public testing::Test, protected EditorBench {
  protected:
-  CableEditorClosing() { editor.Modificar(true); }
-  void Actualizar() override { view.calls.emplace_back("Actualizar"); }
+  CableEditorClosing() {
+    editor.Modificar(true);
+    editor.Actualizar = [this] { view.calls.emplace_back("Actualizar"); };
+  }
 
   // Like a real window: the user's part, then closed.
   void Show(std::function<void(frmPuertos&)> user) {
     view.user = std::move(user);
-    editor.Show(*this);
+    editor.Show();
   }
 };
 
@@ -49,11 +51,10 @@ TEST_F(CableEditorClosing, ViewingOffersNothingToAccept) {
   EXPECT_THAT(view.calls, ElementsAre("Run", "Close", "closed"));
 }
 
-TEST_F(CableEditorClosing, OnceClosedTheEditorForgetsWhoOpenedIt) {
-  Show(nullptr);
-  view.calls.clear();
-  editor.Accept();
-  EXPECT_THAT(view.calls, ElementsAre("Close"));
+TEST_F(CableEditorClosing, NobodyNeedListen) {
+  editor.Actualizar = nullptr;
+  Show([](frmPuertos& window) { window.Accept(); });
+  EXPECT_THAT(view.calls, ElementsAre("Run", "Close", "closed"));
 }
 
 TEST_F(CableEditorClosing, ItMayBeShownAgain) {

@@ -2,8 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "support/config_bench.h"
 #include "support/config_snapshot.h"
 #include "support/editor_bench.h"
@@ -24,7 +22,7 @@ class CableCopy : public testing::Test, protected ConfigBench {
  protected:
   void Edit(bool may_edit, std::function<void(frmPuertos&)> user) {
     view.user = std::move(user);
-    config.EDConfigSeriales(may_edit, [this] { return std::make_unique<frmPuertos>(view); });
+    config.EDConfigSeriales(may_edit, test::FactoryOf(view));
   }
   // Reaches every pin that PinesConectados knows.
   void Address(int pair, int left, int right) {
@@ -206,74 +204,6 @@ TEST_F(CableCopy, HandlerMayEditOnceMore) {
   });
   EXPECT_EQ(rounds, 1);
   EXPECT_TRUE(IsWiredTo(1, 3, 2));
-}
-
-// Both sides are addressed alike and in one order; hosts with an editor of their own see it.
-TEST(CableCopyOrder, PairsLeftPinsAndRightPinsAscend) {
-  class Recorder final : public CableEditor {
-   public:
-    explicit Recorder(std::vector<std::string>& calls) : calls_(calls) {}
-    void Caption(TextView caption) override { Add("caption " + test::Shown(caption)); }
-    void Conmutador(TextView name) override { Add("switch " + test::Shown(name)); }
-    void Modificar(bool may_edit) override { Add(may_edit ? "edit" : "view"); }
-    emPuertoSerial PuertoActivo() const override { return pair_; }
-    void PuertoActivo(emPuertoSerial pair) override {
-      pair_ = pair;
-      Add("pair " + std::to_string(pair));
-    }
-    void PinIZQ(std::int16_t pin) override { left_ = pin; }
-    void PinDER(std::int16_t pin) override { right_ = pin; }
-    bool PinesConectados() const override {
-      Add(Address());
-      return false;
-    }
-    void PinesConectados(bool wired) override { Add(Address() + (wired ? " wired" : "")); }
-    void Show(ifrmPuertos& client) override {
-      Add("show");
-      client.Actualizar();
-      Add("done");
-    }
-
-   private:
-    std::string Address() const {
-      return std::to_string(pair_) + ":" + std::to_string(left_) + "-" + std::to_string(right_);
-    }
-    void Add(const std::string& call) const { calls_.push_back(call); }
-
-    std::vector<std::string>& calls_;
-    emPuertoSerial pair_ = emNoPuerto;
-    int left_ = 0;
-    int right_ = 0;
-  };
-
-  ConfigBench bench;
-  bench.Name();
-  bench.config.PuertoActivo(emPuertoSerialDB9DB9);
-  bench.config.PinIZQ(2);
-  bench.config.PinDER(3);
-  bench.config.PinesConectados(true);
-
-  std::vector<std::string> walk;
-  for (int pair = 1; pair <= 4; ++pair) {
-    walk.push_back("pair " + std::to_string(pair));
-    for (int left = 1; left <= (pair <= 2 ? 9 : 25); ++left) {
-      for (int right = 1; right <= (pair % 2 == 1 ? 9 : 25); ++right) {
-        walk.push_back(std::to_string(pair) + ":" + std::to_string(left) + "-" +
-                       std::to_string(right));
-      }
-    }
-  }
-  std::vector<std::string> expected = {"caption Configuraci{00F3}n de puerto SMDR",
-                                       "switch ACME, X1", "view"};
-  expected.insert(expected.end(), walk.begin(), walk.end());
-  *std::find(expected.begin(), expected.end(), "1:2-3") += " wired";
-  expected.insert(expected.end(), {"pair 1", "show"});
-  expected.insert(expected.end(), walk.begin(), walk.end());
-  expected.emplace_back("done");
-
-  std::vector<std::string> calls;
-  bench.config.EDConfigSeriales(false, [&] { return std::make_unique<Recorder>(calls); });
-  EXPECT_EQ(calls, expected);
 }
 
 }  // namespace

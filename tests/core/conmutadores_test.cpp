@@ -15,14 +15,16 @@ class Catalogue : public testing::Test, protected ManagerBench {
  protected:
   // Opens the window, lets the user work, and closes it.
   void Edit(std::function<void(frmConmutador&)> user) {
-    catalogue.Editar([&] {
-      auto made = std::make_unique<test::ManagerView>();
-      made->user = [&, shown = made.get()](frmConmutador& running) {
-        if (user) user(running);
-        calls.insert(calls.end(), shown->calls.begin(), shown->calls.end());
-      };
-      return made;
-    });
+    catalogue.Editar(
+        [&] {
+          auto made = std::make_unique<test::ManagerView>();
+          made->user = [&, shown = made.get()](frmConmutador& running) {
+            if (user) user(running);
+            calls.insert(calls.end(), shown->calls.begin(), shown->calls.end());
+          };
+          return made;
+        },
+        [this] { return std::make_unique<test::CableView>(calls); });
   }
   void Set() {
     catalogue.Directorio(u"C:\\cat");

@@ -15,32 +15,43 @@ namespace {
 
 using test::Shown;
 
-struct RecordingInfoView final : InfoView {
-  struct Shot {
-    Text caption;
-    Text text;
-    int width;
-    int height;
-  };
+struct Shot {
+  Text caption;
+  Text text;
+  int width;
+  int height;
+};
+using Shots = std::vector<Shot>;
 
-  void Show(const frmInfo& window) override {
-    shots.push_back({window.caption, window.txtInfo, window.width_twips, window.height_twips});
+// Notes what it is to show; its user reads, and presses the button.
+class RecordingInfoView final : public frmInfo::View {
+ public:
+  explicit RecordingInfoView(Shots& shots) : shots_(shots) {}
+  void Update() override {}
+  void Run(frmInfo& window) override {
+    shots_.push_back({window.caption, window.txtInfo, window.width_twips, window.height_twips});
+    window.btnCerrar();
+    EXPECT_TRUE(closed_);
   }
+  void Close() override { closed_ = true; }
 
-  std::vector<Shot> shots;
+ private:
+  Shots& shots_;
+  bool closed_ = false;
 };
 
 class Reports : public testing::Test {
  protected:
   void ExpectOneShot(const Text& text, int width, int height) {
-    ASSERT_EQ(view.shots.size(), 1u);
-    EXPECT_EQ(Shown(view.shots[0].caption), Shown(u"Información general de configuración"));
-    EXPECT_EQ(Shown(view.shots[0].text), Shown(text));
-    EXPECT_EQ(view.shots[0].width, width);
-    EXPECT_EQ(view.shots[0].height, height);
+    ASSERT_EQ(shots.size(), 1u);
+    EXPECT_EQ(Shown(shots[0].caption), Shown(u"Información general de configuración"));
+    EXPECT_EQ(Shown(shots[0].text), Shown(text));
+    EXPECT_EQ(shots[0].width, width);
+    EXPECT_EQ(shots[0].height, height);
   }
 
-  RecordingInfoView view;
+  Shots shots;
+  const ViewFactory<frmInfo> view = [this] { return std::make_unique<RecordingInfoView>(shots); };
   test::FakeMonthNames months;
   test::Translation desk{test::ConfigBuilder()
                              .Item(emParamFechaDia, 1, 2)
@@ -62,7 +73,7 @@ TEST_F(Reports, TranslationKeepsTheCaptionOfTheOther) {
 TEST_F(Reports, NothingIsShownWithoutAConfiguration) {
   desk.translator.Conmutador(nullptr);
   EXPECT_THROW(MuestraInfoTrad(desk.translator, months, view), ObjectNotSetError);
-  EXPECT_TRUE(view.shots.empty());
+  EXPECT_TRUE(shots.empty());
 }
 
 TEST_F(Reports, NothingIsShownForADateThatCannotBe) {
@@ -70,7 +81,7 @@ TEST_F(Reports, NothingIsShownForADateThatCannotBe) {
   desk.call().Mes(emParamFecha, 1);
   desk.call().Dia(emParamFecha, 1);
   EXPECT_THROW(MuestraInfoTrad(desk.translator, months, view), InvalidArgumentError);
-  EXPECT_TRUE(view.shots.empty());
+  EXPECT_TRUE(shots.empty());
 }
 
 }  // namespace

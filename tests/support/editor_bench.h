@@ -34,7 +34,10 @@ inline emPuertoSerial Pair(int code) {
 // Runs the user's part while the window is open.
 class PlayingView final : public frmPuertos::View {
  public:
-  void Update() override { ++updates; }
+  void Update() override {
+    ++updates;
+    if (updated) updated();
+  }
   void Run(frmPuertos& editor) override {
     calls.emplace_back("Run");
     if (user) user(editor);
@@ -43,18 +46,42 @@ class PlayingView final : public frmPuertos::View {
   void Close() override { calls.emplace_back("Close"); }
 
   std::function<void(frmPuertos&)> user;
+  std::function<void()> updated;
   std::vector<std::string> calls;
   int updates = 0;
 };
 
+// A view that a factory can give away while the test keeps the one that it stands for.
+class HandedOutView final : public frmPuertos::View {
+ public:
+  explicit HandedOutView(frmPuertos::View& view) : view_(view) {}
+  void Update() override { view_.Update(); }
+  void Run(frmPuertos& editor) override { view_.Run(editor); }
+  void Close() override { view_.Close(); }
+
+ private:
+  frmPuertos::View& view_;
+};
+
+inline ViewFactory<frmPuertos> FactoryOf(frmPuertos::View& view) {
+  return [&view] { return std::make_unique<HandedOutView>(view); };
+}
+
+// Wires as a configuration would.
+inline void SetWire(frmPuertos& editor, int pair, int left, int right, bool wired = true) {
+  editor.PuertoActivo(Pair(pair));
+  editor.PinIZQ(static_cast<std::int16_t>(left));
+  editor.PinDER(static_cast<std::int16_t>(right));
+  editor.PinesConectados(wired);
+}
+inline bool HasWire(const frmPuertos& editor, int pair, int left, int right) {
+  return IsWired(editor.wiring().Table(Pair(pair)), left, right);
+}
+
 class EditorBench {
  public:
-  // Wires as the configuration would.
   void Wire(int pair, int left, int right, bool wired = true) {
-    editor.PuertoActivo(Pair(pair));
-    editor.PinIZQ(static_cast<std::int16_t>(left));
-    editor.PinDER(static_cast<std::int16_t>(right));
-    editor.PinesConectados(wired);
+    SetWire(editor, pair, left, right, wired);
   }
   WiringMask Mask(int pair, int left) const {
     return editor.wiring().Table(Pair(pair))[static_cast<std::size_t>(left)];

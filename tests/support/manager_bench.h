@@ -94,9 +94,6 @@ class ManagerView final : public frmConmutador::View {
     if (on_dialog) on_dialog();
     return chosen;
   }
-  void EditCable(clsCfgConmut& config) override {
-    calls.push_back("cable of " + Shown(config.NombreConmutador()));
-  }
   void Run(frmConmutador& running) override {
     window = &running;
     Fill();
@@ -149,6 +146,22 @@ class ManagerView final : public frmConmutador::View {
   std::vector<std::string> calls;
 };
 
+// Notes which cable it shows.
+class CableView final : public frmPuertos::View {
+ public:
+  explicit CableView(std::vector<std::string>& calls) : calls_(calls) {}
+  void Update() override {}
+  void Run(frmPuertos& editor) override {
+    const Text& label = editor.etqConmutador();
+    calls_.push_back((editor.may_edit() ? "edited cable of " : "cable of ") +
+                     Shown(label.substr(label.find(u'\n') + 1)));
+  }
+  void Close() override {}
+
+ private:
+  std::vector<std::string>& calls_;
+};
+
 inline constexpr TextView kNoDefaultSwitch = u"<No hay conmutador predeterminado>";
 
 class ManagerBench {
@@ -187,10 +200,12 @@ class ManagerBench {
   // --- the window ---
 
   void Make() {
-    window = std::make_unique<frmConmutador>(platform, view, [this] {
+    window = std::make_unique<frmConmutador>(
+        platform, view, [this] { return std::make_unique<CableView>(view.calls); });
+    window->EvInstalar = [this] {
       ++installs;
       if (on_install) on_install();
-    });
+    };
     view.window = window.get();
     view.Fill();
   }
@@ -245,7 +260,7 @@ class ManagerBench {
     return Text(text);
   }) {
     ManagerView other_view;
-    frmConmutador other(disk, other_view, [] {});
+    frmConmutador other(disk, other_view, nullptr);
     other.Prefijo(u"cnm");
     other.Extension(u"cfg");
     other.Directorio(kFolder);

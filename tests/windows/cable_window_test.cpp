@@ -1,11 +1,6 @@
 // The cable editor through its real controls.
-#include <cmath>
-
-#include "cable/diagram.h"
+#include "cable_editor.h"
 #include "component/sink.h"
-#include "samples.h"
-#include "ui/win32/control_ids.h"
-#include "window_test.h"
 
 namespace conmuta::test {
 namespace {
@@ -17,94 +12,9 @@ using win32::kEtqConmutador;
 using win32::kLabel1;
 using win32::kLabel2;
 using win32::kOpcPuerto;
+using win32::kTxtConexiones;
 using win32::kTxtPinesConectados;
 using win32::kTxtPinIzq;
-using win32::kVDesp;
-
-constexpr TextView kCaption = u"Configuración de puerto SMDR";
-
-// The window with a person before it.
-class Editor {
- public:
-  explicit Editor(const Person& person)
-      : person_(person), window_(person.WaitForWindow(kCaption)) {}
-
-  const Person& person() const { return person_; }
-  HWND window() const { return window_; }
-  HWND At(int id) const { return GetDlgItem(window_, id); }
-  HWND pin() const { return At(kTxtPinIzq); }
-  HWND list() const { return At(kTxtPinesConectados); }
-  HWND scroll() const { return At(kVDesp); }
-
-  Text List() const { return TextOf(list()); }
-  void Choose(int pair) const { person_.Press(At(kOpcPuerto + pair)); }
-  void TypePin(TextView text) const { person_.Type(pin(), text); }
-  void TypeList(TextView text) const { person_.Type(list(), text); }
-  void Wire(int pair, TextView pin, TextView list) const {
-    Choose(pair);
-    TypePin(pin);
-    TypeList(list);
-  }
-  void Accept() const { person_.Press(At(kBtnAceptar)); }
-  void Cancel() const { person_.Press(At(kBtnCancelar)); }
-
-  int Chosen() const {
-    int chosen = 0;
-    for (int pair = 1; pair <= 4; ++pair) {
-      if (Send(At(kOpcPuerto + pair), BM_GETCHECK) == BST_CHECKED) chosen = chosen * 10 + pair;
-    }
-    return chosen;
-  }
-  int Scrolled() const { return static_cast<int>(Send(scroll(), SBM_GETPOS)); }
-
-  // Where the diagram shows a pin, in pixels of its view.
-  POINT PinAt(Side side, int number) const {
-    const double scale = Scale();
-    const SIZE view = ClientSizeOf(At(kDiagram));
-    const auto pair = static_cast<conmuta::emPuertoSerial>(Chosen());
-    const Wiring wiring;
-    const Diagram diagram =
-        DrawCable(pair, wiring.Table(pair), 0, static_cast<double>(view.cx) / scale);
-    const Point center = diagram.Find(side, number)->center;
-    const double centring =
-        std::max(0.0, (static_cast<double>(view.cy) / scale - diagram.height) / 2);
-    return {std::lround(center.x * scale), std::lround((center.y - Scrolled() + centring) * scale)};
-  }
-  void ClickPin(Side side, int number) const { person_.Click(At(kDiagram), PinAt(side, number)); }
-  void DragWire(int left, int right) const {
-    person_.Drag(At(kDiagram), PinAt(Side::kLeft, left), PinAt(Side::kRight, right));
-  }
-
-  static double Scale() {
-    const HDC screen = GetDC(nullptr);
-    const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
-    ReleaseDC(nullptr, screen);
-    return dpi / 96.0;
-  }
-
- private:
-  const Person& person_;
-  HWND window_;
-};
-
-class CableWindowTest : public WindowTest {
- protected:
-  template <class Work>
-  void Open(const ComPtr<Cfg>& config, VARIANT_BOOL may_edit, Work&& work) {
-    VARIANT_BOOL argument = may_edit;
-    While([&] { Do(config, &Cfg::EDConfigSeriales, &argument); },
-          [&](const Person& person) { work(Editor(person)); });
-    EXPECT_EQ(argument, may_edit);
-  }
-  template <class Work>
-  void Edit(const ComPtr<Cfg>& config, Work&& work) {
-    Open(config, VARIANT_TRUE, work);
-  }
-  template <class Work>
-  void Look(const ComPtr<Cfg>& config, Work&& work) {
-    Open(config, VARIANT_FALSE, work);
-  }
-};
 
 // --- what it shows ---
 
@@ -183,12 +93,16 @@ TEST_F(CableWindowTest, LeftOutArgumentMeansViewing) {
 
 TEST_F(CableWindowTest, ViewingGivesTheFieldsRoomToTheDiagram) {
   LONG height_when_editing = 0;
+  const auto measure = [](const Editor& editor) {
+    editor.person().Resize(editor.window(), 900, 800);
+    return ClientSizeOf(editor.At(kDiagram)).cy;
+  };
   Edit(NamedConfig(), [&](const Editor& editor) {
-    height_when_editing = ClientSizeOf(editor.At(kDiagram)).cy;
+    height_when_editing = measure(editor);
     editor.Cancel();
   });
   Look(NamedConfig(), [&](const Editor& editor) {
-    EXPECT_GT(ClientSizeOf(editor.At(kDiagram)).cy, height_when_editing);
+    EXPECT_GT(measure(editor), height_when_editing);
     editor.Cancel();
   });
 }
@@ -468,14 +382,15 @@ TEST_F(CableWindowTest, TabGoesAroundAndSkipsWhatTakesNoInput) {
   Edit(NamedConfig(), [](const Editor& editor) {
     const Person& person = editor.person();
     std::vector<int> visited;
-    for (int i = 0; i < 8; ++i) {
+    for (int i = 0; i < 12; ++i) {
       visited.push_back(GetDlgCtrlID(person.Focus()));
       person.Key(VK_TAB);
     }
     // DB9 to DB9 fits, so that the scroll bar takes no input either.
-    const std::vector<int> around = {kOpcPuerto + 1, kTxtPinIzq, kBtnAceptar, kBtnCancelar};
-    EXPECT_EQ(std::vector<int>(visited.begin(), visited.begin() + 4), around);
-    EXPECT_EQ(std::vector<int>(visited.begin() + 4, visited.end()), around);
+    const std::vector<int> around = {kOpcPuerto + 1, kTxtPinIzq,  kDiagram,
+                                     kTxtConexiones, kBtnAceptar, kBtnCancelar};
+    EXPECT_EQ(std::vector<int>(visited.begin(), visited.begin() + 6), around);
+    EXPECT_EQ(std::vector<int>(visited.begin() + 6, visited.end()), around);
     person.KeyWith(VK_SHIFT, VK_TAB);
     EXPECT_EQ(person.Focus(), editor.At(kBtnCancelar));
     editor.Cancel();
@@ -551,7 +466,7 @@ TEST_F(CableWindowTest, DragThatEndsOnNoRightPinWiresNothing) {
     editor.person().Drag(view, from, editor.PinAt(Side::kLeft, 5));
     editor.person().Drag(view, from, {from.x + 80, from.y});
     editor.person().Drag(view, from, {-50, -50});
-    editor.person().Drag(view, editor.PinAt(Side::kRight, 1), from);
+    editor.person().Drag(view, editor.PinAt(Side::kRight, 1), editor.PinAt(Side::kRight, 2));
     EXPECT_EQ(editor.List(), u"");
     editor.Accept();
   });
@@ -605,8 +520,8 @@ TEST_F(CableWindowTest, DiagramIsPainted) {
       RedrawWindow(view, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
       editor.person().host().Drain();
       const POINT pin = editor.PinAt(Side::kLeft, 4);
-      const int radius = static_cast<int>(8 * Editor::Scale());
-      return std::pair(PixelOf(view, pin.x - radius, pin.y), PixelOf(view, 1, 1));
+      return std::pair(PixelOf(view, pin.x, pin.y - editor.LineHeight() / 2 + 1),
+                       PixelOf(view, 1, 1));
     };
     const auto before = colors();
     EXPECT_EQ(before.second, RGB(255, 255, 255));
@@ -623,13 +538,11 @@ TEST_F(CableWindowTest, BarIsDisabledWhenAllFits) {
     EXPECT_TRUE(IsShown(editor.scroll()));
     EXPECT_FALSE(IsUsable(editor.scroll()));
     editor.Choose(4);
-    EXPECT_TRUE(IsUsable(editor.scroll()));
+    EXPECT_FALSE(IsUsable(editor.scroll())) << "all of a DB25 is seen";
     const SIZE outer = OuterSizeOf(editor.window());
-    editor.person().Resize(editor.window(), outer.cx, outer.cy + 400);
-    EXPECT_FALSE(IsUsable(editor.scroll()));
-    editor.person().Resize(editor.window(), outer.cx, outer.cy);
+    editor.MakeLow();
     EXPECT_TRUE(IsUsable(editor.scroll()));
-    editor.Choose(1);
+    editor.person().Resize(editor.window(), static_cast<int>(outer.cx), static_cast<int>(outer.cy));
     EXPECT_FALSE(IsUsable(editor.scroll()));
     editor.Cancel();
   });
@@ -638,6 +551,7 @@ TEST_F(CableWindowTest, BarIsDisabledWhenAllFits) {
 TEST_F(CableWindowTest, BarScrollsTheDiagram) {
   Edit(NamedConfig(), [](const Editor& editor) {
     editor.Choose(4);
+    editor.MakeLow();
     const auto scroll = [&](WPARAM how) {
       PostMessageW(editor.window(), WM_VSCROLL, how, reinterpret_cast<LPARAM>(editor.scroll()));
       editor.person().host().Drain();
@@ -669,6 +583,7 @@ TEST_F(CableWindowTest, BarScrollsTheDiagram) {
 TEST_F(CableWindowTest, BarWorksByKeyboardAndWheel) {
   Edit(NamedConfig(), [](const Editor& editor) {
     editor.Choose(4);
+    editor.MakeLow();
     editor.person().SetFocusTo(editor.scroll());
     editor.person().Key(VK_DOWN);
     const int line = editor.Scrolled();
@@ -690,6 +605,7 @@ TEST_F(CableWindowTest, BarWorksByKeyboardAndWheel) {
 TEST_F(CableWindowTest, EnlargingScrollsBackWhatIsNoLongerHidden) {
   Edit(NamedConfig(), [](const Editor& editor) {
     editor.Choose(4);
+    editor.MakeLow();
     Send(editor.window(), WM_VSCROLL, SB_BOTTOM, reinterpret_cast<LPARAM>(editor.scroll()));
     const SIZE outer = OuterSizeOf(editor.window());
     editor.person().Resize(editor.window(), outer.cx, outer.cy + 400);

@@ -112,7 +112,7 @@ std::vector<std::string> ClippedTextsOf(HWND window) {
     // These shorten their texts themselves, or scroll them.
     const LONG_PTR type = style & BS_TYPEMASK;
     if (is_button && type == BS_GROUPBOX) continue;
-    if (!is_button && !is_edit && (style & SS_PATHELLIPSIS) != 0) continue;
+    if (!is_button && !is_edit && (style & SS_ELLIPSISMASK) != 0) continue;
     const Text text = is_edit ? Text(u"X") : TextOf(control);
     RECT needed{};
     const SIZE room = ClientSizeOf(control);

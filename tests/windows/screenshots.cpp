@@ -107,10 +107,6 @@ class Photographer {
 
  private:
   void Shoot(const Person& person, HWND window, const std::wstring& name) {
-    person.host().Run([&] {
-      RedrawWindow(window, nullptr, nullptr,
-                   RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
-    });
     person.host().Rest();
     bool saved = false;
     person.host().Run([&] { saved = SavePicture(window, folder_ + L"\\" + name + L".bmp"); });
@@ -151,12 +147,33 @@ void TakeCables(Photographer& photographer) {
       if (!pin.empty()) person.Type(GetDlgItem(window, win32::kTxtPinIzq), pin);
     };
   };
+  // With the keyboard in the diagram, at a pin of the switch's side.
+  const auto at_the_switch = [](const Person& person, HWND window) {
+    person.SetFocusTo(GetDlgItem(window, win32::kDiagram));
+    person.Key(VK_RIGHT);
+    for (int i = 0; i < 3; ++i) person.Key(VK_DOWN);
+  };
   photographer.Take(L"cable-unwired", kCableCaption, [&] { edit(NamedConfig()); });
   const auto null_modem = NamedConfig(u"Panasonic", u"KX-TD1232");
   Connect(null_modem, NullModem(1));
   photographer.Take(
       L"cable-null-modem", kCableCaption, [&] { edit(null_modem); }, choose(1, u"4"));
-  photographer.Take(L"cable-viewed", kCableCaption, [&] { edit(null_modem, VARIANT_FALSE); });
+  photographer.Take(
+      L"cable-viewed", kCableCaption, [&] { edit(null_modem, VARIANT_FALSE); }, at_the_switch);
+  const auto printer = NamedConfig(u"Nortel", u"Norstar 0x32");
+  Connect(printer, {{2, 2, 2}, {2, 3, 3}, {2, 5, 7}, {2, 6, 9}, {2, 8, 9}});
+  photographer.Take(
+      L"cable-db9-db25", kCableCaption, [&] { edit(printer); }, choose(2, u""));
+  const auto modem = NamedConfig(u"Toshiba", u"Strata DK40");
+  Connect(modem, {{4, 2, 3}, {4, 3, 2}, {4, 5, 20}, {4, 6, 20}, {4, 7, 7}, {4, 20, 5}, {4, 20, 6}});
+  photographer.Take(
+      L"cable-db25-db25", kCableCaption, [&] { edit(modem); }, choose(4, u""));
+  photographer.Take(
+      L"cable-large", kCableCaption, [&] { edit(modem); },
+      [&](const Person& person, HWND window) {
+        choose(4, u"20")(person, window);
+        person.Resize(window, 1270, 1010);
+      });
   const auto all = NamedConfig(u"Siemens", u"HiPath 3800");
   Wires wires = NullModem(3);
   for (int left = 1; left <= 25; ++left) {

@@ -2,28 +2,30 @@
 
 #include <windows.h>
 
-#include <windowsx.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
 
-#include "cable/diagram.h"
-#include "cable/frmPuertos.h"
+#include "cable/wiring_text.h"
+#include "ui/win32/cable_menu.h"
 #include "ui/win32/control_ids.h"
-#include "ui/win32/diagram_painter.h"
+#include "ui/win32/diagram_control.h"
 #include "ui/win32/window.h"
+#include "ui/win32/window_view.h"
 
 namespace conmuta::win32 {
 namespace {
 
 constexpr std::array<TextView, kConnectorPairs> kPairCaptions = {
     u"Puerto DB9 - DB9", u"Puerto DB9 - DB25", u"Puerto DB25 - DB9", u"Puerto DB25 - DB25"};
+constexpr double kWheelStep = 60;
+constexpr double kLineStep = 15;
+constexpr double kLeastViewHeight = 150;
+constexpr double kOpeningWidth = 560;
 
 class CableWindow final : public Window {
  public:
-  explicit CableWindow(frmPuertos& editor) : editor_(editor) {
+  explicit CableWindow(frmPuertos& editor) : editor_(editor), diagram_(editor) {
     Create(editor.caption());
     Refresh();
   }
@@ -34,10 +36,9 @@ class CableWindow final : public Window {
     SetText(handle(), editor_.caption());
     for (int pair = 1; pair <= kConnectorPairs; ++pair) {
       const bool selected = pair == editor_.opcPuerto();
-      SendMessageW(options_[static_cast<std::size_t>(pair - 1)], BM_SETCHECK,
-                   selected ? BST_CHECKED : BST_UNCHECKED, 0);
+      SendMessageW(Option(pair), BM_SETCHECK, selected ? BST_CHECKED : BST_UNCHECKED, 0);
       // The arrow keys go from the chosen one to its neighbours; Tab goes past them all.
-      SetTabStop(options_[static_cast<std::size_t>(pair - 1)], selected);
+      SetTabStop(Option(pair), selected);
     }
     ShowSwitchName();
     SetText(pin_, editor_.txtPinIzq());
@@ -49,12 +50,24 @@ class CableWindow final : public Window {
     SetEnabled(accept_, editor_.may_edit());
     SetText(cancel_, editor_.btnCancelar());
     SetDefaultButton(editor_.may_edit() ? kBtnAceptar : kBtnCancelar);
+    SetText(notice_, editor_.notice());
+    SetVisible(notice_, !editor_.notice().empty());
+    SetText(wires_, WiringList(editor_.opcPuerto(), editor_.table()));
     refreshing_ = false;
-    if (editor_.may_edit() != laid_out_for_editing_) LayoutNow();
-    RedrawDiagram();
+    if (LaidOut{editor_.may_edit(), !editor_.notice().empty()} != laid_out_) LayoutNow();
+    diagram_.desk().Refresh();
+    ShowDesk();
   }
 
  private:
+  // What decides about the rows that the window has.
+  struct LaidOut {
+    bool fields = false;
+    bool notice = false;
+    bool operator==(const LaidOut&) const = default;
+  };
+
+  HWND Option(int pair) const { return options_[static_cast<std::size_t>(pair - 1)]; }
   static void SetTabStop(HWND control, bool tab_stop) {
     const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE) & ~LONG_PTR{WS_TABSTOP};
     SetWindowLongPtrW(control, GWL_STYLE, style | (tab_stop ? WS_TABSTOP : 0));
@@ -74,28 +87,31 @@ class CableWindow final : public Window {
         AddControl(L"STATIC", u"---> Pines conectados", SS_LEFT | SS_CENTERIMAGE, kLabel2);
     list_ = AddControl(L"EDIT", u"", WS_TABSTOP | ES_AUTOHSCROLL, kTxtPinesConectados,
                        WS_EX_CLIENTEDGE);
-    diagram_view_ =
-        AddControl(L"STATIC", u"Dibujo del cable", WS_BORDER | SS_OWNERDRAW | SS_NOTIFY, kDiagram);
-    SetWindowLongPtrW(diagram_view_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    static_procedure_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
-        diagram_view_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DiagramProcedure)));
+    const HWND view = AddControl(DiagramControl::ClassName(), u"Dibujo del cable",
+                                 WS_BORDER | WS_TABSTOP, kDiagram);
+    diagram_.Attach(view, [this](const std::function<void()>& body) { Safely([&] { body(); }); });
+    diagram_.Changed = [this] { ShowDesk(); };
+    view_ = view;
     AddName(u"Desplazamiento del dibujo");
     scroll_ = AddControl(L"SCROLLBAR", u"", SBS_VERT | WS_TABSTOP, kVDesp);
+    wires_label_ = AddControl(L"STATIC", u"Co&nexiones", SS_LEFT, kEtqConexiones);
+    wires_ = AddControl(L"EDIT", u"",
+                        WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL,
+                        kTxtConexiones, WS_EX_CLIENTEDGE);
+    hint_ =
+        AddControl(L"STATIC", u"", SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS | SS_NOTIFY, kEtqAyuda);
+    notice_ =
+        AddControl(L"STATIC", u"", SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS | SS_NOTIFY, kEtqAviso);
     accept_ =
         AddControl(L"BUTTON", u"&Aceptar", WS_TABSTOP | WS_GROUP | BS_DEFPUSHBUTTON, kBtnAceptar);
     cancel_ = AddControl(L"BUTTON", u"&Cancelar", WS_TABSTOP | BS_PUSHBUTTON, kBtnCancelar);
   }
 
-  // Two lines; the name is shortened where it has no room, and the tool tip says it whole.
-  void ShowSwitchName() {
-    const Text& label = editor_.etqConmutador();
-    const std::size_t name = std::min(label.find(kLineBreak), label.size() - 2) + 2;
-    RECT room{};
-    GetClientRect(switch_, &room);
-    SetText(switch_, label.substr(0, name) +
-                         measures().Shortened(label.substr(name), static_cast<int>(room.right)));
-    SetTip(switch_, label);
-  }
+  // --- layout ---
+
+  // Pixels of the diagram's units.
+  double Unit() const { return measures().line() / 15.0; }
+  LONG Units(double units) const { return std::lround(units * Unit()); }
 
   SIZE OptionSize() const {
     SIZE size{};
@@ -109,48 +125,58 @@ class CableWindow final : public Window {
     const SIZE accept = measures().Button(TextOf(accept_));
     return {std::max(accept.cx, measures().Button(u"&Cancelar").cx), accept.cy};
   }
-  LONG FieldsLeast() const {
+  LONG OptionsWidth() const { return 2 * (OptionSize().cx + measures().gap()); }
+  LONG HeaderHeight() const {
+    return std::max<LONG>(2 * OptionSize().cy, 2 * measures().line() + 2);
+  }
+  LONG FieldsWidth() const {
     return measures().Label(TextOf(pin_label_)).cx + measures().Field(4).cx +
            measures().Label(TextOf(list_label_)).cx + measures().Field(12).cx +
            3 * measures().gap();
   }
-  LONG OptionsWidth() const { return 2 * (OptionSize().cx + measures().gap()); }
+  LONG WiresWidth() const { return measures().Field(13).cx + GetSystemMetrics(SM_CXVSCROLL); }
+  LONG LineHeight() const { return measures().line() + 2; }
 
-  SIZE LeastSize(SIZE) override {
+  // Everything but the diagram itself.
+  SIZE Around() const {
     const int gap = measures().gap();
-    LONG height = std::max<LONG>(2 * OptionSize().cy, 2 * measures().line()) + 2 * gap;
+    LONG height = HeaderHeight() + 2 * gap + gap + LineHeight() + gap + ButtonSize().cy;
     if (editor_.may_edit()) height += measures().Field(1).cy + 2 * gap;
-    height += measures().Scale(150) + gap + ButtonSize().cy;
-    const LONG names = OptionsWidth() + measures().Label(u"Conmutador").cx * 2;
-    return {std::max({names, FieldsLeast(), 2 * ButtonSize().cx + gap,
-                      static_cast<LONG>(measures().Scale(440))}) +
-                2 * measures().margin(),
-            height + 2 * measures().margin()};
+    if (!editor_.notice().empty()) height += LineHeight();
+    return {WiresWidth() + gap + GetSystemMetrics(SM_CXVSCROLL) + 2 * measures().margin() + 2,
+            height + 2 * measures().margin() + 2};
   }
-  SIZE OpeningSize(SIZE most) override {
-    const SIZE least = LeastSize(most);
-    return {std::max<LONG>(least.cx, measures().Scale(645)),
-            std::max<LONG>(least.cy, measures().Scale(530))};
+  SIZE LeastSize(SIZE) override {
+    const SIZE around = Around();
+    const LONG header = OptionsWidth() + measures().Label(u"Conmutador").cx * 2;
+    const LONG rows = std::max({header, FieldsWidth(), 2 * ButtonSize().cx + measures().gap()});
+    return {std::max(around.cx + Units(0.85 * kLeastDiagramWidth), rows + 2 * measures().margin()),
+            around.cy + Units(kLeastViewHeight)};
+  }
+  // The largest connector is seen whole where the screen has room for it.
+  SIZE OpeningSize(SIZE) override {
+    const SIZE around = Around();
+    return {around.cx + Units(kOpeningWidth),
+            around.cy + LineHeight() + Units(DiagramHeight(emPuertoSerialDB25DB25))};
   }
 
   void Layout(SIZE room) override {
     const int margin = measures().margin();
     const int gap = measures().gap();
     const SIZE option = OptionSize();
-    laid_out_for_editing_ = editor_.may_edit();
+    laid_out_ = {editor_.may_edit(), !editor_.notice().empty()};
 
     LONG y = margin;
-    for (int i = 0; i < kConnectorPairs; ++i) {
-      Place(options_[static_cast<std::size_t>(i)], margin + (i / 2) * (option.cx + gap),
-            y + (i % 2) * option.cy, option);
+    for (int pair = 1; pair <= kConnectorPairs; ++pair) {
+      Place(Option(pair), margin + ((pair - 1) / 2) * (option.cx + gap),
+            y + ((pair - 1) % 2) * option.cy, option);
     }
     const LONG label_x = margin + OptionsWidth() + gap;
-    const LONG names = std::max<LONG>(2 * option.cy, 2 * measures().line());
-    Place(switch_, label_x, y, {room.cx - label_x - margin, names});
+    Place(switch_, label_x, y, {room.cx - label_x - margin, HeaderHeight()});
     ShowSwitchName();
-    y += names + 2 * gap;
+    y += HeaderHeight() + 2 * gap;
 
-    if (laid_out_for_editing_) {
+    if (laid_out_.fields) {
       const LONG row = measures().Field(1).cy;
       LONG x = margin;
       const auto place = [&](HWND control, LONG width) {
@@ -165,16 +191,91 @@ class CableWindow final : public Window {
     }
 
     const SIZE button = ButtonSize();
-    const LONG button_y = room.cy - margin - button.cy;
-    Place(cancel_, room.cx - margin - button.cx, button_y, button);
-    Place(accept_, room.cx - margin - 2 * button.cx - gap, button_y, button);
+    LONG bottom = room.cy - margin - button.cy;
+    Place(cancel_, room.cx - margin - button.cx, bottom, button);
+    Place(accept_, room.cx - margin - 2 * button.cx - gap, bottom, button);
+    bottom -= gap + LineHeight();
+    Place(hint_, margin, bottom, {room.cx - 2 * margin, LineHeight()});
+    if (laid_out_.notice) {
+      bottom -= LineHeight();
+      Place(notice_, margin, bottom, {room.cx - 2 * margin, LineHeight()});
+    }
+    bottom -= gap;
 
     const int bar = GetSystemMetrics(SM_CXVSCROLL);
-    const SIZE view{room.cx - 2 * margin - bar, button_y - gap - y};
-    Place(diagram_view_, margin, y, view);
+    const LONG wires = WiresWidth();
+    const LONG wires_x = room.cx - margin - wires;
+    Place(wires_label_, wires_x, y, {wires, LineHeight()});
+    Place(wires_, wires_x, y + LineHeight(), {wires, bottom - y - LineHeight()});
+    const SIZE view{wires_x - gap - bar - margin, bottom - y};
+    Place(view_, margin, y, view);
     Place(scroll_, margin + view.cx, y, {bar, view.cy});
-    RedrawDiagram();
+    diagram_.Resize(Unit());
+    ShowDesk();
   }
+
+  // Two lines; the name is shortened where it has no room, and the tool tip says it whole.
+  void ShowSwitchName() {
+    const Text& label = editor_.etqConmutador();
+    const std::size_t name = std::min(label.find(kLineBreak), label.size() - 2) + 2;
+    RECT room{};
+    GetClientRect(switch_, &room);
+    SetText(switch_, label.substr(0, name) +
+                         measures().Shortened(label.substr(name), static_cast<int>(room.right)));
+    SetTip(switch_, label);
+  }
+
+  // --- the diagram ---
+
+  void ShowDesk() {
+    const DiagramDesk& desk = diagram_.desk();
+    SetText(hint_, desk.hint());
+    SetTip(hint_, desk.hint());
+    SetTip(notice_, editor_.notice());
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS | SIF_DISABLENOSCROLL;
+    info.nMax = std::max(static_cast<int>(std::lround(desk.diagram().height)) - 1, 0);
+    info.nPage = static_cast<UINT>(std::max(desk.page(), 1.0));
+    info.nPos = static_cast<int>(std::lround(desk.scrolled()));
+    SetScrollInfo(scroll_, SB_CTL, &info, TRUE);
+    SetEnabled(scroll_, desk.range() > 0);
+  }
+
+  void ScrollTo(double units) {
+    diagram_.desk().ScrollTo(units);
+    ShowDesk();
+  }
+
+  void Scroll(int how) {
+    const double now = diagram_.desk().scrolled();
+    const double page = diagram_.desk().page();
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_TRACKPOS;
+    switch (how) {
+      case SB_LINEUP:
+        return ScrollTo(now - kLineStep);
+      case SB_LINEDOWN:
+        return ScrollTo(now + kLineStep);
+      case SB_PAGEUP:
+        return ScrollTo(now - page);
+      case SB_PAGEDOWN:
+        return ScrollTo(now + page);
+      case SB_TOP:
+        return ScrollTo(0);
+      case SB_BOTTOM:
+        return ScrollTo(diagram_.desk().range());
+      case SB_THUMBTRACK:
+      case SB_THUMBPOSITION:
+        GetScrollInfo(scroll_, SB_CTL, &info);
+        return ScrollTo(info.nTrackPos);
+      default:
+        return;
+    }
+  }
+
+  // --- what the person does ---
 
   void OnCommand(int id, int code) override {
     if (refreshing_) return;
@@ -191,14 +292,33 @@ class CableWindow final : public Window {
     }
   }
 
+  bool OnEscape() override {
+    if (!diagram_.desk().Escape()) return false;
+    if (GetCapture() == view_) ReleaseCapture();
+    ShowDesk();
+    return true;
+  }
+
+  bool OnKey(const MSG& message) override {
+    if (message.wParam != 'Z' || GetKeyState(VK_CONTROL) >= 0 || !editor_.may_edit()) return false;
+    editor_.Undo();
+    return true;
+  }
+
   bool OnMessage(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) override {
     switch (message) {
       case WM_VSCROLL:
-        if (lparam == 0) return false;
+        if (lparam == 0) return false;  // the window's own
         Scroll(LOWORD(wparam));
         return true;
       case WM_MOUSEWHEEL:
-        ScrollTo(scrolled_ - GET_WHEEL_DELTA_WPARAM(wparam) * WheelStep() / WHEEL_DELTA);
+        if (diagram_.desk().range() <= 0) return false;
+        ScrollTo(diagram_.desk().scrolled() -
+                 GET_WHEEL_DELTA_WPARAM(wparam) * kWheelStep / WHEEL_DELTA);
+        return true;
+      case WM_CONTEXTMENU:
+        if (reinterpret_cast<HWND>(wparam) != view_ || !editor_.may_edit()) return false;
+        ShowCableMenu(view_, lparam, editor_);
         return true;
       case WM_CTLCOLORSTATIC:
         // A list that takes no input shows the window's own colour.
@@ -211,202 +331,30 @@ class CableWindow final : public Window {
     }
   }
 
-  // --- the diagram ---
-
-  double UnitScale() const { return dpi() / 96.0; }
-  int WheelStep() const { return 60; }
-
-  SIZE ViewSize() const {
-    RECT client{};
-    GetClientRect(diagram_view_, &client);
-    return {client.right, client.bottom};
-  }
-  double ViewHeight() const { return ViewSize().cy / UnitScale(); }
-
-  void RedrawDiagram() {
-    const emPuertoSerial pair = editor_.opcPuerto();
-    diagram_ = DrawCable(pair, editor_.wiring().Table(pair), editor_.shown_pin(),
-                         ViewSize().cx / UnitScale());
-    SCROLLINFO info{};
-    info.cbSize = sizeof info;
-    info.fMask = SIF_RANGE | SIF_PAGE | SIF_DISABLENOSCROLL;
-    info.nMax = std::max(static_cast<int>(std::lround(diagram_.height)) - 1, 0);
-    info.nPage = static_cast<UINT>(std::max(ViewHeight(), 1.0));
-    SetScrollInfo(scroll_, SB_CTL, &info, TRUE);
-    SetEnabled(scroll_, diagram_.ScrollRange(ViewHeight()) > 0);
-    ScrollTo(scrolled_);
-  }
-
-  void ScrollTo(double units) {
-    scrolled_ = std::clamp(units, 0.0, diagram_.ScrollRange(ViewHeight()));
-    SetScrollPos(scroll_, SB_CTL, static_cast<int>(std::lround(scrolled_)), TRUE);
-    InvalidateRect(diagram_view_, nullptr, FALSE);
-  }
-
-  void Scroll(int how) {
-    SCROLLINFO info{};
-    info.cbSize = sizeof info;
-    info.fMask = SIF_TRACKPOS;
-    switch (how) {
-      case SB_LINEUP:
-        return ScrollTo(scrolled_ - 15);
-      case SB_LINEDOWN:
-        return ScrollTo(scrolled_ + 15);
-      case SB_PAGEUP:
-        return ScrollTo(scrolled_ - ViewHeight());
-      case SB_PAGEDOWN:
-        return ScrollTo(scrolled_ + ViewHeight());
-      case SB_TOP:
-        return ScrollTo(0);
-      case SB_BOTTOM:
-        return ScrollTo(diagram_.height);
-      case SB_THUMBTRACK:
-      case SB_THUMBPOSITION:
-        GetScrollInfo(scroll_, SB_CTL, &info);
-        return ScrollTo(info.nTrackPos);
-      default:
-        return;
-    }
-  }
-
-  Point ToDiagram(LPARAM lparam) const {
-    // A picture shorter than the view stands in its middle.
-    return {GET_X_LPARAM(lparam) / UnitScale(),
-            GET_Y_LPARAM(lparam) / UnitScale() + scrolled_ - Centring()};
-  }
-  double Centring() const { return std::max(0.0, (ViewHeight() - diagram_.height) / 2); }
-
-  void Paint() {
-    PAINTSTRUCT paint;
-    const HDC dc = BeginPaint(diagram_view_, &paint);
-    const SIZE size = ViewSize();
-    const HDC memory = CreateCompatibleDC(dc);
-    {
-      const Bitmap bitmap(CreateCompatibleBitmap(dc, std::max(size.cx, 1L), std::max(size.cy, 1L)));
-      const Selection selected(memory, bitmap.get());
-      const auto loose =
-          drag_ ? std::optional(DrawLooseWire(diagram_, drag_->pin, drag_->pointer)) : std::nullopt;
-      PaintDiagram(memory, {size, UnitScale(), scrolled_ - Centring()}, diagram_,
-                   loose ? &*loose : nullptr);
-      BitBlt(dc, 0, 0, size.cx, size.cy, memory, 0, 0, SRCCOPY);
-    }
-    DeleteDC(memory);
-    EndPaint(diagram_view_, &paint);
-  }
-
-  void Press(Point point) {
-    const PinShape* pin = diagram_.PinAt(point);
-    if (pin == nullptr || pin->side != Side::kLeft) return;
-    const int number = pin->number;
-    editor_.PickLeftPin(number);
-    if (!editor_.may_edit()) return;
-    drag_ = Drag{number, point};
-    SetCapture(diagram_view_);
-  }
-
-  void Drop(Point point) {
-    if (!drag_) return;
-    const int from = drag_->pin;
-    drag_.reset();
-    ReleaseCapture();
-    const PinShape* pin = diagram_.PinAt(point);
-    if (pin != nullptr && pin->side == Side::kRight) {
-      editor_.ToggleWire(from, pin->number);
-    } else {
-      InvalidateRect(diagram_view_, nullptr, FALSE);
-    }
-  }
-
-  static LRESULT CALLBACK DiagramProcedure(HWND view, UINT message, WPARAM wparam, LPARAM lparam) {
-    auto* window = reinterpret_cast<CableWindow*>(GetWindowLongPtrW(view, GWLP_USERDATA));
-    LRESULT result = 0;
-    const bool handled = window->Safely([&] { return window->OnDiagram(message, lparam, result); });
-    if (handled) return result;
-    return CallWindowProcW(window->static_procedure_, view, message, wparam, lparam);
-  }
-
-  bool OnDiagram(UINT message, LPARAM lparam, LRESULT& result) {
-    switch (message) {
-      case WM_PAINT:
-        Paint();
-        return true;
-      case WM_ERASEBKGND:
-        result = 1;  // everything is painted over
-        return true;
-      case WM_LBUTTONDOWN:
-        Press(ToDiagram(lparam));
-        return true;
-      case WM_MOUSEMOVE:
-        if (drag_) {
-          drag_->pointer = ToDiagram(lparam);
-          InvalidateRect(diagram_view_, nullptr, FALSE);
-        }
-        return true;
-      case WM_LBUTTONUP:
-        Drop(ToDiagram(lparam));
-        return true;
-      case WM_CAPTURECHANGED:
-        drag_.reset();
-        InvalidateRect(diagram_view_, nullptr, FALSE);
-        return true;
-      default:
-        return false;
-    }
-  }
-
-  struct Drag {
-    int pin;
-    Point pointer;
-  };
-
   frmPuertos& editor_;
+  DiagramControl diagram_;
   std::array<HWND, kConnectorPairs> options_{};
   HWND switch_ = nullptr;
   HWND pin_label_ = nullptr;
   HWND pin_ = nullptr;
   HWND list_label_ = nullptr;
   HWND list_ = nullptr;
-  HWND diagram_view_ = nullptr;
+  HWND view_ = nullptr;
   HWND scroll_ = nullptr;
+  HWND wires_label_ = nullptr;
+  HWND wires_ = nullptr;
+  HWND hint_ = nullptr;
+  HWND notice_ = nullptr;
   HWND accept_ = nullptr;
   HWND cancel_ = nullptr;
-  WNDPROC static_procedure_ = nullptr;
   bool refreshing_ = false;
-  bool laid_out_for_editing_ = false;
-  Diagram diagram_;
-  double scrolled_ = 0;
-  std::optional<Drag> drag_;
-};
-
-// Makes the window when it is to be shown; until then there is nothing to update.
-class CableView : public frmPuertos::View {
- public:
-  void Update() override {
-    if (window_ != nullptr) window_->Refresh();
-  }
-  void Run(frmPuertos& editor) override {
-    CableWindow window(editor);
-    window_ = &window;
-    window.RunModal();
-    window_ = nullptr;
-  }
-  void Close() override {
-    if (window_ != nullptr) window_->Close();
-  }
-
- private:
-  CableWindow* window_ = nullptr;
-};
-
-class WindowedCableEditor final : private CableView, public frmPuertos {
- public:
-  WindowedCableEditor() : frmPuertos(static_cast<CableView&>(*this)) {}
+  LaidOut laid_out_;
 };
 
 }  // namespace
 
-std::unique_ptr<CableEditor> MakeCableEditor() {
-  return std::make_unique<WindowedCableEditor>();
+std::unique_ptr<frmPuertos::View> MakeCableView() {
+  return std::make_unique<RealView<frmPuertos, CableWindow>>();
 }
 
 }  // namespace conmuta::win32

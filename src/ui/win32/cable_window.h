@@ -2,11 +2,10 @@
 
 #include <memory>
 
-#include "cable/cable_editor.h"
+#include "cable/frmPuertos.h"
 
 namespace conmuta::win32 {
 
-// A cable editor in a real window.
-std::unique_ptr<CableEditor> MakeCableEditor();
+std::unique_ptr<frmPuertos::View> MakeCableView();
 
 }  // namespace conmuta::win32

@@ -18,6 +18,10 @@ inline constexpr int kTxtPinesConectados = 213;
 inline constexpr int kEtqConmutador = 214;
 inline constexpr int kDiagram = 215;
 inline constexpr int kVDesp = 216;
+inline constexpr int kEtqConexiones = 217;
+inline constexpr int kTxtConexiones = 218;
+inline constexpr int kEtqAyuda = 219;
+inline constexpr int kEtqAviso = 220;
 inline constexpr int kBtnAceptar = IDOK;
 inline constexpr int kBtnCancelar = IDCANCEL;
 

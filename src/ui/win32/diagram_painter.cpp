@@ -1,189 +1,176 @@
 #include "ui/win32/diagram_painter.h"
 
-#include <array>
+#include <algorithm>
 #include <cmath>
+#include <new>
 
-#include "ui/win32/smooth_canvas.h"
+#include "cable/diagram_raster.h"
+#include "ui/win32/gdi.h"
 
 namespace conmuta::win32 {
 namespace {
 
-constexpr COLORREF kBackground = RGB(255, 255, 255);
-constexpr Color kShellFill = {250, 251, 252};
-constexpr Color kShellBorder = {120, 130, 142};
-constexpr Color kLabelText = {60, 70, 82};
+constexpr LONG kBufferedPixels = 256 * 1024;
 constexpr double kLabelHeight = 14;
-constexpr double kNumberHeight = 12;
-constexpr double kCasing = 1.5;  // clear space on each side of a wire that crosses others
+constexpr double kTextHeight = 12;
 
 COLORREF Ref(Color color) {
   return RGB(color.red, color.green, color.blue);
 }
 
-// From the diagram's units to those of a surface.
-class Mapping {
- public:
-  Mapping(double scale, double scrolled) : scale_(scale), scrolled_(scrolled) {}
+const wchar_t* Characters(const Text& text) {
+  return reinterpret_cast<const wchar_t*>(text.data());
+}
 
-  int Length(double units) const { return static_cast<int>(std::lround(units * scale_)); }
-  POINT At(Point point) const { return {Length(point.x), Length(point.y - scrolled_)}; }
+Font Arial(double height, int angle, int weight) {
+  return Font(CreateFontA(-std::max(static_cast<int>(std::lround(height)), 1), 0, angle, angle,
+                          weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_TT_PRECIS,
+                          CLIP_DEFAULT_PRECIS, PROOF_QUALITY, VARIABLE_PITCH | FF_SWISS, "Arial"));
+}
+
+// The texts of a diagram, in a strip of the view.
+class Writer {
+ public:
+  explicit Writer(double scale)
+      : scale_(scale),
+        upright_(Arial(kLabelHeight * scale, 0, FW_SEMIBOLD)),
+        upwards_(Arial(kLabelHeight * scale, 900, FW_SEMIBOLD)),
+        plain_(Arial(kTextHeight * scale, 0, FW_NORMAL)) {}
+
+  void Write(HDC dc, Point origin, LONG height, const Diagram& diagram) {
+    dc_ = dc;
+    origin_ = origin;
+    height_ = height;
+    SetBkMode(dc, TRANSPARENT);
+    for (const LabelShape& label : diagram.labels) Write(label);
+    const Selection with_font(dc, plain_.get());
+    for (const PinShape& pin : diagram.pins) {
+      const Box box{pin.center.x - 20, pin.center.y - 9, pin.center.x + 20, pin.center.y + 9};
+      Write(pin.label, box, DT_CENTER, pin.text);
+    }
+    for (const CaptionShape& caption : diagram.captions) {
+      const bool left = caption.align == Align::kLeft;
+      const double x = left ? caption.anchor.x : caption.anchor.x - caption.width;
+      const Box box{x, caption.anchor.y - 9, x + caption.width, caption.anchor.y + 9};
+      Write(caption.text, box, left ? DT_LEFT : DT_RIGHT, caption.color);
+    }
+  }
 
  private:
+  LONG X(double x) const { return std::lround(origin_.x + x * scale_); }
+  LONG Y(double y) const { return std::lround(origin_.y + y * scale_); }
+
+  void Write(const Text& text, const Box& box, UINT align, Color color) {
+    RECT place{X(box.left), Y(box.top), X(box.right), Y(box.bottom)};
+    if (place.bottom < 0 || place.top > height_) return;
+    SetTextColor(dc_, Ref(color));
+    DrawTextW(dc_, Characters(text), static_cast<int>(text.size()), &place,
+              align | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+  }
+
+  void Write(const LabelShape& label) {
+    SIZE extent{};
+    {
+      const Selection with_font(dc_, upright_.get());
+      GetTextExtentPoint32W(dc_, Characters(label.text), static_cast<int>(label.text.size()),
+                            &extent);
+    }
+    const Selection with_font(dc_, upwards_.get());
+    SetTextColor(dc_, Ref(kInk));
+    TextOutW(dc_, static_cast<int>(X(label.center.x) - extent.cy / 2),
+             static_cast<int>(Y(label.center.y) + extent.cx / 2), Characters(label.text),
+             static_cast<int>(label.text.size()));
+  }
+
   double scale_;
-  double scrolled_;
+  Font upright_;
+  Font upwards_;
+  Font plain_;
+  HDC dc_ = nullptr;
+  Point origin_;
+  LONG height_ = 0;
 };
 
-Pen SolidPen(int width, Color color) {
-  const LOGBRUSH brush{BS_SOLID, Ref(color), 0};
-  return Pen(ExtCreatePen(PS_GEOMETRIC | PS_SOLID | PS_ENDCAP_ROUND | PS_JOIN_ROUND,
-                          static_cast<DWORD>(std::max(width, 1)), &brush, 0, nullptr));
-}
-
-Point Towards(Point from, Point to, double distance) {
-  const double length = std::hypot(to.x - from.x, to.y - from.y);
-  const double part = length > 0 ? std::min(distance / length, 0.5) : 0;
-  return {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part};
-}
-
-void PaintShell(HDC dc, const Mapping& map, const ShellShape& shell) {
-  const Brush brush(CreateSolidBrush(Ref(kShellFill)));
-  const Pen pen = SolidPen(map.Length(1.6), kShellBorder);
-  const Selection with_brush(dc, brush.get());
-  const Selection with_pen(dc, pen.get());
-  BeginPath(dc);
-  const std::size_t count = shell.corners.size();
-  for (std::size_t i = 0; i < count; ++i) {
-    const Point corner = shell.corners[i];
-    const POINT in =
-        map.At(Towards(corner, shell.corners[(i + count - 1) % count], shell.rounding));
-    const POINT out = map.At(Towards(corner, shell.corners[(i + 1) % count], shell.rounding));
-    const POINT tip = map.At(corner);
-    if (i == 0) {
-      MoveToEx(dc, in.x, in.y, nullptr);
-    } else {
-      LineTo(dc, in.x, in.y);
+// A bitmap to paint into, by hand and with GDI.
+class Strip {
+ public:
+  Strip(LONG width, LONG height) : width_(width), dc_(CreateCompatibleDC(nullptr)) {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    void* bits = nullptr;
+    bitmap_ = Bitmap(CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    if (bitmap_.get() == nullptr) {
+      DeleteDC(dc_);
+      throw std::bad_alloc();
     }
-    const POINT curve[] = {tip, tip, out};
-    PolyBezierTo(dc, curve, 3);
+    pixels_ = static_cast<std::uint32_t*>(bits);
+    before_ = SelectObject(dc_, bitmap_.get());
   }
-  CloseFigure(dc);
-  EndPath(dc);
-  StrokeAndFillPath(dc);
-}
-
-void StrokeWire(HDC dc, const Mapping& map, const WireShape& wire, double width, Color color) {
-  const Pen pen = SolidPen(map.Length(width), color);
-  const Selection with_pen(dc, pen.get());
-  const POINT start = map.At(wire.start);
-  const POINT bend = map.At(wire.curve_start);
-  const POINT end = map.At(wire.end);
-  const POINT curve[] = {map.At(wire.FirstControl()), map.At(wire.SecondControl()),
-                         map.At(wire.curve_end)};
-  MoveToEx(dc, start.x, start.y, nullptr);
-  LineTo(dc, bend.x, bend.y);
-  PolyBezierTo(dc, curve, 3);
-  LineTo(dc, end.x, end.y);
-}
-
-// Clears some space around wires where they cross others: between the connectors, but not near
-// them, where wires come together on a pin and shall not be cut.
-void ClearAround(HDC dc, const Mapping& map, std::span<const WireShape> wires) {
-  const POINT begin = map.At(wires.front().curve_start);
-  const POINT end = map.At(wires.front().curve_end);
-  const LONG margin = (end.x - begin.x) / 4;
-  constexpr int kFar = 1 << 20;
-  const int saved = SaveDC(dc);
-  IntersectClipRect(dc, begin.x + margin, -kFar, end.x - margin, kFar);
-  for (const WireShape& wire : wires) {
-    if (wire.width > 1) StrokeWire(dc, map, wire, wire.width + 2 * kCasing, {255, 255, 255});
+  ~Strip() {
+    SelectObject(dc_, before_);
+    DeleteDC(dc_);
   }
-  RestoreDC(dc, saved);
-}
+  Strip(const Strip&) = delete;
+  Strip& operator=(const Strip&) = delete;
 
-// Later wires pass over earlier ones; those of one pin are a fork and stay joined.
-void PaintWires(HDC dc, const Mapping& map, std::span<const WireShape> wires) {
-  for (std::size_t first = 0; first < wires.size();) {
-    std::size_t last = first;
-    while (last < wires.size() && wires[last].left == wires[first].left) ++last;
-    const auto fork = wires.subspan(first, last - first);
-    ClearAround(dc, map, fork);
-    for (const WireShape& wire : fork) StrokeWire(dc, map, wire, wire.width, wire.color);
-    first = last;
+  HDC dc() const { return dc_; }
+  std::span<std::uint32_t> Rows(LONG rows) const {
+    GdiFlush();  // before they are touched by hand
+    return {pixels_, static_cast<std::size_t>(width_) * static_cast<std::size_t>(rows)};
   }
-}
 
-void PaintPin(HDC dc, const Mapping& map, const PinShape& pin) {
-  const Brush brush(CreateSolidBrush(Ref(pin.fill)));
-  const Pen pen = SolidPen(map.Length(pin.wired || pin.current ? 2 : 1.2), pin.border);
-  const Selection with_brush(dc, brush.get());
-  const Selection with_pen(dc, pen.get());
-  const POINT first = map.At({pin.center.x - pin.radius, pin.center.y - pin.radius});
-  const POINT last = map.At({pin.center.x + pin.radius, pin.center.y + pin.radius});
-  Ellipse(dc, first.x, first.y, last.x, last.y);
-}
-
-Font Arial(int height, int angle, int weight) {
-  return Font(CreateFontA(-height, 0, angle, angle, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
-                          OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS, PROOF_QUALITY,
-                          VARIABLE_PITCH | FF_SWISS, "Arial"));
-}
-
-void PaintText(HDC dc, TextView text, POINT place, Color color) {
-  SetTextColor(dc, Ref(color));
-  TextOutW(dc, place.x, place.y, reinterpret_cast<const wchar_t*>(text.data()),
-           static_cast<int>(text.size()));
-}
-
-SIZE Extent(HDC dc, TextView text) {
-  SIZE extent{};
-  GetTextExtentPoint32W(dc, reinterpret_cast<const wchar_t*>(text.data()),
-                        static_cast<int>(text.size()), &extent);
-  return extent;
-}
-
-void PaintLabels(HDC dc, const Mapping& map, const Diagram& diagram) {
-  const Font upright = Arial(map.Length(kLabelHeight), 0, FW_SEMIBOLD);
-  const Font upwards = Arial(map.Length(kLabelHeight), 900, FW_SEMIBOLD);
-  for (const LabelShape& label : diagram.labels) {
-    SIZE extent;
-    {
-      const Selection with_font(dc, upright.get());
-      extent = Extent(dc, label.text);
-    }
-    const Selection with_font(dc, upwards.get());
-    const POINT center = map.At(label.center);
-    PaintText(dc, label.text, {center.x - extent.cy / 2, center.y + extent.cx / 2}, kLabelText);
-  }
-}
-
-void PaintNumbers(HDC dc, const Mapping& map, const Diagram& diagram) {
-  const Font font = Arial(map.Length(kNumberHeight), 0, FW_NORMAL);
-  const Selection with_font(dc, font.get());
-  for (const PinShape& pin : diagram.pins) {
-    const SIZE extent = Extent(dc, pin.label);
-    const POINT center = map.At(pin.center);
-    PaintText(dc, pin.label, {center.x - extent.cx / 2, center.y - extent.cy / 2}, pin.text);
-  }
-}
+ private:
+  LONG width_;
+  HDC dc_;
+  Bitmap bitmap_;
+  std::uint32_t* pixels_ = nullptr;
+  HGDIOBJ before_;
+};
 
 }  // namespace
 
-void PaintDiagram(HDC target, const DiagramPlace& place, const Diagram& diagram,
-                  const WireShape* loose) {
-  const SmoothCanvas canvas(place.size, kBackground);
-  const Mapping fine(place.scale * SmoothCanvas::kOversampling, place.scrolled);
-  SetBkMode(canvas.dc(), TRANSPARENT);
-  for (const ShellShape& shell : diagram.shells) PaintShell(canvas.dc(), fine, shell);
-  PaintWires(canvas.dc(), fine, diagram.wires);
-  if (loose != nullptr) PaintWires(canvas.dc(), fine, {loose, 1});
-  for (const PinShape& pin : diagram.pins) PaintPin(canvas.dc(), fine, pin);
-  canvas.CopyTo(target);
+void PaintDiagram(HDC target, const RECT& part, const DiagramDesk& desk) {
+  const Diagram& diagram = desk.diagram();
+  const double scale = desk.scale();
+  const Point origin = desk.origin();
+  const RECT picture{static_cast<LONG>(std::floor(origin.x)),
+                     static_cast<LONG>(std::floor(origin.y)),
+                     static_cast<LONG>(std::ceil(origin.x + diagram.width * scale)),
+                     static_cast<LONG>(std::ceil(origin.y + diagram.height * scale))};
+  RECT painted{};
+  const auto white = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+  if (!IntersectRect(&painted, &part, &picture)) {
+    FillRect(target, &part, white);
+    return;
+  }
+  const RECT around[] = {{part.left, part.top, part.right, painted.top},
+                         {part.left, painted.bottom, part.right, part.bottom},
+                         {part.left, painted.top, painted.left, painted.bottom},
+                         {painted.right, painted.top, part.right, painted.bottom}};
+  for (const RECT& side : around) {
+    if (!IsRectEmpty(&side)) FillRect(target, &side, white);
+  }
 
-  // Text is sharper in the target's own pixels.
-  const Mapping map(place.scale, place.scrolled);
-  SetBkMode(target, TRANSPARENT);
-  PaintLabels(target, map, diagram);
-  PaintNumbers(target, map, diagram);
+  const LONG width = painted.right - painted.left;
+  const LONG rows = std::clamp<LONG>(kBufferedPixels / width, 1, painted.bottom - painted.top);
+  const Strip strip(width, rows);
+  Writer writer(scale);
+  const WireShape* loose = desk.loose() ? &*desk.loose() : nullptr;
+  for (LONG top = painted.top; top < painted.bottom; top += rows) {
+    const LONG height = std::min(rows, painted.bottom - top);
+    const Point from{origin.x - static_cast<double>(painted.left),
+                     origin.y - static_cast<double>(top)};
+    Raster raster(strip.Rows(height), static_cast<int>(width), static_cast<int>(height), from,
+                  scale);
+    raster.Clear(kWhite);
+    PaintShapes(raster, diagram, loose);
+    writer.Write(strip.dc(), from, height, diagram);
+    BitBlt(target, painted.left, top, width, height, strip.dc(), 0, 0, SRCCOPY);
+  }
 }
 
 }  // namespace conmuta::win32

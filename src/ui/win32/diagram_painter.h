@@ -1,20 +1,13 @@
-// Paints the shapes of a cable diagram.
+// Paints the diagram of a cable.
 #pragma once
 
 #include <windows.h>
 
-#include "cable/diagram.h"
+#include "cable/diagram_desk.h"
 
 namespace conmuta::win32 {
 
-struct DiagramPlace {
-  SIZE size;        // of the view, in pixels
-  double scale;     // pixels to the diagram's unit
-  double scrolled;  // units of the diagram above the view
-};
-
-// `loose` is a wire in the making, or null.
-void PaintDiagram(HDC target, const DiagramPlace& place, const Diagram& diagram,
-                  const WireShape* loose);
+// The part of the view that has to be painted, through a small buffer, strip by strip.
+void PaintDiagram(HDC target, const RECT& part, const DiagramDesk& desk);
 
 }  // namespace conmuta::win32

@@ -7,6 +7,7 @@
 
 #include "ui/win32/control_ids.h"
 #include "ui/win32/window.h"
+#include "ui/win32/window_view.h"
 
 namespace conmuta::win32 {
 namespace {
@@ -16,7 +17,9 @@ constexpr double kLeastLegible = 0.75;  // of the message font's height
 
 class InfoWindow final : public Window {
  public:
-  explicit InfoWindow(const frmInfo& info) : info_(info) { Create(info.caption); }
+  explicit InfoWindow(frmInfo& info) : info_(info) { Create(info.caption); }
+
+  void Refresh() {}  // a report does not change
 
  private:
   void MakeControls() override {
@@ -109,10 +112,10 @@ class InfoWindow final : public Window {
   }
 
   void OnCommand(int id, int) override {
-    if (id == kBtnCerrar) Close();
+    if (id == kBtnCerrar) info_.btnCerrar();
   }
 
-  const frmInfo& info_;
+  frmInfo& info_;
   Text shown_;
   HWND text_ = nullptr;
   HWND close_ = nullptr;
@@ -122,9 +125,8 @@ class InfoWindow final : public Window {
 
 }  // namespace
 
-void InfoWindowView::Show(const frmInfo& info) {
-  InfoWindow window(info);
-  window.RunModal();
+std::unique_ptr<frmInfo::View> MakeInfoView() {
+  return std::make_unique<RealView<frmInfo, InfoWindow>>();
 }
 
 }  // namespace conmuta::win32

@@ -1,13 +1,11 @@
 #pragma once
 
+#include <memory>
+
 #include "ui/frmInfo.h"
 
 namespace conmuta::win32 {
 
-// Shows reports in a real window.
-class InfoWindowView final : public InfoView {
- public:
-  void Show(const frmInfo& window) override;
-};
+std::unique_ptr<frmInfo::View> MakeInfoView();
 
 }  // namespace conmuta::win32

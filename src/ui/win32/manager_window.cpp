@@ -8,12 +8,12 @@
 #include <algorithm>
 #include <vector>
 
-#include "ui/win32/cable_window.h"
 #include "ui/win32/control_ids.h"
 #include "ui/win32/dpi.h"
 #include "ui/win32/frame_control.h"
 #include "ui/win32/tree_control.h"
 #include "ui/win32/window.h"
+#include "ui/win32/window_view.h"
 
 namespace conmuta::win32 {
 namespace {
@@ -32,6 +32,7 @@ class ManagerWindow final : public Window {
   }
 
   TreeControl& tree() { return tree_; }
+  void FillTree() { tree_.Fill(manager_.tree().root()); }
 
   void Refresh() {
     SetText(file_, manager_.etqArch());
@@ -272,27 +273,22 @@ Text FilterOf(TextView filter) {
   return terminated.append(2, kNul);
 }
 
-// The window is made when it is to be shown, from the manager's state; until then there is nothing
-// to tell it.
-class ManagerView final : public frmConmutador::View {
+class ManagerView final : public RealView<frmConmutador, ManagerWindow, frmConmutador::View> {
  public:
-  void Update() override {
-    if (window_ != nullptr) window_->Refresh();
-  }
   void TreeChanged() override {
-    if (window_ != nullptr) window_->tree().Fill(manager_->tree().root());
+    if (real_ != nullptr) real_->FillTree();
   }
   void NodeAdded(const SwitchNode& node) override {
-    if (window_ != nullptr) window_->tree().Add(node);
+    if (real_ != nullptr) real_->tree().Add(node);
   }
   void NodeRemoved(const SwitchNode& node) override {
-    if (window_ != nullptr) window_->tree().Remove(node);
+    if (real_ != nullptr) real_->tree().Remove(node);
   }
   void NodeChanged(const SwitchNode& node) override {
-    if (window_ != nullptr) window_->tree().Change(node);
+    if (real_ != nullptr) real_->tree().Change(node);
   }
   void NodeSelected(const SwitchNode& node) override {
-    if (window_ != nullptr) window_->tree().Select(node);
+    if (real_ != nullptr) real_->tree().Select(node);
   }
 
   void Busy(bool busy) override { SetCursor(LoadCursorW(nullptr, busy ? IDC_WAIT : IDC_ARROW)); }
@@ -317,24 +313,8 @@ class ManagerView final : public frmConmutador::View {
     return Text(chosen.begin(), chosen.end());
   }
 
-  void EditCable(clsCfgConmut& config) override { config.EDConfigSeriales(false, MakeCableEditor); }
-
-  void Run(frmConmutador& manager) override {
-    ManagerWindow window(manager);
-    manager_ = &manager;
-    window_ = &window;
-    window.RunModal();
-    window_ = nullptr;
-  }
-  void Close() override {
-    if (window_ != nullptr) window_->Close();
-  }
-
  private:
-  HWND Owner() const { return window_ != nullptr ? window_->handle() : nullptr; }
-
-  frmConmutador* manager_ = nullptr;
-  ManagerWindow* window_ = nullptr;
+  HWND Owner() const { return real_ != nullptr ? real_->handle() : nullptr; }
 };
 
 }  // namespace

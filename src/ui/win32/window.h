@@ -61,7 +61,7 @@ class Window {
     } catch (...) {
       failure_ = std::current_exception();
       Close();
-      return {};
+      return decltype(body())();
     }
   }
 
