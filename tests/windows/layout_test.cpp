@@ -1,27 +1,10 @@
 // All windows at every size, font and resolution: nothing is cut, nothing is left over on the
 // screen, and the focus is where one can type.
 #include "every_window.h"
+#include "message_font.h"
 
 namespace conmuta::test {
 namespace {
-
-// The user's message font, larger for as long as it lives.
-class MessageFontOf {
- public:
-  explicit MessageFontOf(int percent) {
-    before_.cbSize = sizeof before_;
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof before_, &before_, 0);
-    NONCLIENTMETRICSW larger = before_;
-    larger.lfMessageFont.lfHeight = MulDiv(before_.lfMessageFont.lfHeight, percent, 100);
-    SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof larger, &larger, 0);
-  }
-  ~MessageFontOf() { SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof before_, &before_, 0); }
-  MessageFontOf(const MessageFontOf&) = delete;
-  MessageFontOf& operator=(const MessageFontOf&) = delete;
-
- private:
-  NONCLIENTMETRICSW before_{};
-};
 
 void UseDpi(HWND window, UINT dpi) {
   RECT place{};

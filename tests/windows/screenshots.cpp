@@ -1,6 +1,8 @@
 // Opens every window in several states and saves what is on the screen as bitmaps:
 //
-//     window_screenshots FOLDER
+//     window_screenshots FOLDER [few] [PERCENT]
+//
+// "few" takes one of each kind of window; the percentage is that of the user's message font.
 //
 // Ends with the number of pictures that it has taken.
 #include <windows.h>
@@ -9,11 +11,13 @@
 #include <objbase.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <thread>
 
 #include "component/dll.h"
 #include "component/scratch_files.h"
+#include "message_font.h"
 #include "person.h"
 #include "samples.h"
 #include "ui/win32/control_ids.h"
@@ -68,9 +72,24 @@ bool SavePicture(HWND window, const std::wstring& path) {
   return saved;
 }
 
+// What is wrong with a window as it opens: too large for its screen, or cutting texts.
+std::string FlawOf(HWND window) {
+  RECT outer{};
+  GetWindowRect(window, &outer);
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+  RECT common{};
+  IntersectRect(&common, &outer, &monitor.rcWork);
+  if (!EqualRect(&common, &outer)) return "lies beyond the screen";
+  const auto clipped = ClippedTextsOf(window);
+  return clipped.empty() ? "" : "cuts " + clipped.front();
+}
+
 class Photographer {
  public:
-  explicit Photographer(std::wstring folder) : folder_(std::move(folder)) {}
+  // `few`: of each kind of window one picture only.
+  Photographer(std::wstring folder, bool few) : folder_(std::move(folder)), few_(few) {}
 
   int taken() const { return taken_; }
   int missed() const { return missed_; }
@@ -78,11 +97,14 @@ class Photographer {
   // Opens a window, has a person bring it into a state, and takes its picture.
   template <class Open, class Prepare>
   void Take(const std::wstring& name, TextView caption, Open&& open, Prepare&& prepare) {
+    if (few_ && std::find(kFew.begin(), kFew.end(), name) == kFew.end()) return;
     host_.BeginCall();
     std::thread thread([&] {
       const Person person(host_);
       try {
         const HWND window = person.WaitForWindow(caption);
+        person.host().Rest();
+        if (const std::string flaw = FlawOf(window); !flaw.empty()) throw Stuck(flaw);
         // Where all of it is on the screen, enlarged ones too.
         SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
         prepare(person, window);
@@ -113,7 +135,12 @@ class Photographer {
     ++(saved ? taken_ : missed_);
   }
 
+  static constexpr std::array<std::wstring_view, 5> kFew = {
+      L"information-typical", L"cable-null-modem", L"cable-viewed", L"cable-db25-db25",
+      L"manager-three-brands"};
+
   std::wstring folder_;
+  bool few_;
   HostThread host_;
   int taken_ = 0;
   int missed_ = 0;
@@ -263,14 +290,16 @@ void TakeManager(Photographer& photographer) {
 int main(int argc, char** argv) {
   using namespace conmuta::test;
   ::testing::InitGoogleTest(&argc, argv);
-  if (argc != 2 || FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 2;
+  if (argc < 2 || FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 2;
   {
     const LoadedDll dll;
     if (!dll || FAILED(dll.RegisterServer())) return 2;
   }
+  const bool few = argc > 2 && std::string_view(argv[2]) == "few";
+  const MessageFontOf font(argc > 3 ? std::stoi(argv[3]) : 100);
   int missed = 0;
   {
-    Photographer photographer(SystemPath(argv[1]));
+    Photographer photographer(SystemPath(argv[1]), few);
     TakeInformation(photographer);
     TakeCables(photographer);
     TakeManager(photographer);
