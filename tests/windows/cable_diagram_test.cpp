@@ -76,6 +76,7 @@ TEST_F(CableWindowTest, WiresAreDrawnWithTheKeyboardAlone) {
     person.Key(VK_END);
     for (int i = 0; i < 4; ++i) person.Key(VK_UP);
     EXPECT_EQ(editor.Hint(), u"Conmutador 5: 5");
+    EXPECT_EQ(TextOf(editor.At(kDiagram)), u"Dibujo del cable. Conmutador 5: 5");
     person.Key(VK_DELETE);
     EXPECT_EQ(editor.Connections(), u"2 - 3\r\n");
     editor.person().Alt(L'a');

@@ -87,8 +87,8 @@ class CableWindow final : public Window {
         AddControl(L"STATIC", u"---> Pines conectados", SS_LEFT | SS_CENTERIMAGE, kLabel2);
     list_ = AddControl(L"EDIT", u"", WS_TABSTOP | ES_AUTOHSCROLL, kTxtPinesConectados,
                        WS_EX_CLIENTEDGE);
-    const HWND view = AddControl(DiagramControl::ClassName(), u"Dibujo del cable",
-                                 WS_BORDER | WS_TABSTOP, kDiagram);
+    const HWND view =
+        AddControl(DiagramControl::ClassName(), u"", WS_BORDER | WS_TABSTOP, kDiagram);
     diagram_.Attach(view, [this](const std::function<void()>& body) { Safely([&] { body(); }); });
     diagram_.Changed = [this] { ShowDesk(); };
     view_ = view;
@@ -231,6 +231,8 @@ class CableWindow final : public Window {
     const DiagramDesk& desk = diagram_.desk();
     SetText(hint_, desk.hint());
     SetTip(hint_, desk.hint());
+    // Those who cannot see it are told where they are.
+    SetText(view_, Text(u"Dibujo del cable. ").append(desk.hint()));
     SetTip(notice_, editor_.notice());
     SCROLLINFO info{};
     info.cbSize = sizeof info;
@@ -300,7 +302,9 @@ class CableWindow final : public Window {
   }
 
   bool OnKey(const MSG& message) override {
-    if (message.wParam != 'Z' || GetKeyState(VK_CONTROL) >= 0 || !editor_.may_edit()) return false;
+    const bool is_undo =
+        message.wParam == 'Z' && GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
+    if (!is_undo || !editor_.may_edit()) return false;
     editor_.Undo();
     return true;
   }
@@ -317,7 +321,8 @@ class CableWindow final : public Window {
                  GET_WHEEL_DELTA_WPARAM(wparam) * kWheelStep / WHEEL_DELTA);
         return true;
       case WM_CONTEXTMENU:
-        if (reinterpret_cast<HWND>(wparam) != view_ || !editor_.may_edit()) return false;
+        // Fields have a menu of their own; it does not come here.
+        if (!editor_.may_edit()) return false;
         ShowCableMenu(view_, lparam, editor_);
         return true;
       case WM_CTLCOLORSTATIC:
