@@ -15,6 +15,10 @@ Point Towards(Point from, Point to, double distance) {
   return {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part};
 }
 
+std::uint32_t Packed(Color color) {
+  return static_cast<std::uint32_t>(color.red << 16 | color.green << 8 | color.blue);
+}
+
 std::vector<Point> OutlineOf(const ShellShape& shell) {
   constexpr int kPieces = 8;
   std::vector<Point> path;
@@ -37,14 +41,21 @@ std::vector<Point> OutlineOf(const ShellShape& shell) {
 }  // namespace
 
 void Raster::Clear(Color color) {
-  std::fill(pixels_.begin(), pixels_.end(),
-            static_cast<std::uint32_t>(color.red << 16 | color.green << 8 | color.blue));
+  std::fill(pixels_.begin(), pixels_.end(), Packed(color));
+}
+
+bool Raster::Sees(double top, double bottom) const {
+  return At({0, bottom}).y >= -1 && At({0, top}).y <= height_ + 1;
 }
 
 void Raster::Blend(int x, int y, double coverage, Color color) {
   std::uint32_t& pixel = pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
                                  static_cast<std::size_t>(x)];
-  const auto part = static_cast<std::uint32_t>(std::min(coverage, 1.0) * 256);
+  if (coverage >= 1) {
+    pixel = Packed(color);
+    return;
+  }
+  const auto part = static_cast<std::uint32_t>(coverage * 256);
   const auto mix = [&](int shift, std::uint32_t wanted) {
     const std::uint32_t present = (pixel >> shift) & 0xFF;
     return ((present * (256 - part) + wanted * part) >> 8) << shift;
@@ -109,7 +120,9 @@ void Raster::Fill(Point center, double radius, Color color, Coverage coverage) {
   const int right = std::min(static_cast<int>(std::ceil(center.x + radius)) + 1, width_ - 1);
   for (int y = top; y <= bottom; ++y) {
     for (int x = left; x <= right; ++x) {
-      const double covered = coverage(std::hypot(x + 0.5 - center.x, y + 0.5 - center.y));
+      const double dx = x + 0.5 - center.x;
+      const double dy = y + 0.5 - center.y;
+      const double covered = coverage(std::sqrt(dx * dx + dy * dy));
       if (covered > 0) Blend(x, y, covered, color);
     }
   }
@@ -134,6 +147,8 @@ void PaintShapes(Raster& raster, const Diagram& diagram, const WireShape* loose)
     raster.Stroke(path, kLeaderLine, kThin);
   }
   const auto paint = [&](const WireShape& wire) {
+    const auto [top, bottom] = std::minmax(wire.start.y, wire.end.y);
+    if (!raster.Sees(top - wire.width, bottom + wire.width)) return;
     raster.Stroke(wire.Path(), wire.width, wire.color, wire.dash);
   };
   for (const WireShape& wire : diagram.wires) paint(wire);

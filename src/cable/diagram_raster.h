@@ -17,6 +17,8 @@ class Raster {
   Raster(std::span<std::uint32_t> pixels, int width, int height, Point origin, double scale)
       : pixels_(pixels), width_(width), height_(height), origin_(origin), scale_(scale) {}
 
+  // Whether anything between these heights of the picture is in this part.
+  bool Sees(double top, double bottom) const;
   void Clear(Color color);
   // Straight pieces one after the other; with dashes when `dash` is not 0.
   void Stroke(std::span<const Point> path, double width, Color color, double dash = 0);

@@ -210,7 +210,7 @@ class CableWindow final : public Window {
     const SIZE view{wires_x - gap - bar - margin, bottom - y};
     Place(view_, margin, y, view);
     Place(scroll_, margin + view.cx, y, {bar, view.cy});
-    diagram_.Resize(Unit());
+    diagram_.UseUnit(Unit());
     ShowDesk();
   }
 

@@ -75,10 +75,17 @@ void DiagramControl::Attach(HWND control, Guard guard) {
   SetWindowLongPtrW(control, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
-void DiagramControl::Resize(double unit) {
+void DiagramControl::UseUnit(double unit) {
+  if (unit_ != unit) {
+    unit_ = unit;
+    Resize();
+  }
+}
+
+void DiagramControl::Resize() {
   RECT client{};
   GetClientRect(control_, &client);
-  desk_.Resize(static_cast<double>(client.right), static_cast<double>(client.bottom), unit);
+  desk_.Resize(static_cast<double>(client.right), static_cast<double>(client.bottom), unit_);
 }
 
 void DiagramControl::Repaint(const std::vector<Box>& boxes) const {
@@ -130,6 +137,9 @@ bool DiagramControl::Handle(UINT message, WPARAM wparam, LPARAM lparam, LRESULT&
     case WM_ERASEBKGND:
       result = 1;  // everything is painted over
       return true;
+    case WM_SIZE:
+      Resize();
+      break;
     case WM_GETDLGCODE:
       result = DLGC_WANTARROWS | (WantsKey(lparam) ? DLGC_WANTMESSAGE : 0);
       return true;

@@ -27,13 +27,14 @@ class DiagramControl {
   std::function<void()> Changed;
 
   DiagramDesk& desk() { return desk_; }
-  // The control's size, or the pixels of a unit, have changed.
-  void Resize(double unit);
+  // How many pixels a unit of the picture has where that is of its usual size.
+  void UseUnit(double unit);
 
  private:
   static LRESULT CALLBACK Procedure(HWND control, UINT message, WPARAM wparam, LPARAM lparam);
   // False for messages that go to the system's own handling.
   bool Handle(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);
+  void Resize();
   void Paint(WPARAM dc_to_print_on);
   void Repaint(const std::vector<Box>& boxes) const;
   bool WantsKey(LPARAM message) const;
@@ -42,6 +43,7 @@ class DiagramControl {
   }
 
   DiagramDesk desk_;
+  double unit_ = 1;
   HWND control_ = nullptr;
   Guard guard_;
 };
