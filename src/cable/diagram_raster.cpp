@@ -96,14 +96,18 @@ void Raster::Stroke(std::span<const Point> path, double width, Color color, doub
       }
       const int first = std::max(static_cast<int>(std::floor(left)), 0);
       const int last = std::min(static_cast<int>(std::ceil(right)), width_ - 1);
-      for (int x = first; x <= last; ++x) {
-        const double px = x + 0.5 - from.x;
-        const double py = y + 0.5 - from.y;
-        const double along = px * dx + py * dy;
+      const double px = first + 0.5 - from.x;
+      const double py = y + 0.5 - from.y;
+      double along = px * dx + py * dy;
+      double beside = px * dy - py * dx;
+      for (int x = first; x <= last; ++x, along += dx, beside += dy) {
         if (along < 0 || along >= length) continue;
-        double coverage = reach - std::abs(px * dy - py * dx);
+        double coverage = reach - std::abs(beside);
+        if (coverage <= 0) continue;
         if (period > 0) {
-          const double phase = std::fmod(before + along, 2 * period);
+          const double travelled_here = before + along;
+          const int repeats = static_cast<int>(travelled_here / (2 * period));
+          const double phase = travelled_here - repeats * 2 * period;
           coverage = std::min(coverage, std::min(phase, period - phase) + 0.5);
         }
         if (coverage > 0) Blend(x, y, coverage, color);
@@ -113,30 +117,36 @@ void Raster::Stroke(std::span<const Point> path, double width, Color color, doub
 }
 
 template <class Coverage>
-void Raster::Fill(Point center, double radius, Color color, Coverage coverage) {
+void Raster::Fill(Point center, double radius, double hole, Color color, Coverage coverage) {
   const int top = std::max(static_cast<int>(std::floor(center.y - radius)) - 1, 0);
   const int bottom = std::min(static_cast<int>(std::ceil(center.y + radius)) + 1, height_ - 1);
   const int left = std::max(static_cast<int>(std::floor(center.x - radius)) - 1, 0);
   const int right = std::min(static_cast<int>(std::ceil(center.x + radius)) + 1, width_ - 1);
   for (int y = top; y <= bottom; ++y) {
+    const double dy = y + 0.5 - center.y;
+    // What lies within the hole is passed over in one step.
+    const double within = hole * hole - dy * dy;
+    const double half = within > 0 ? std::sqrt(within) - 1 : 0;
+    const int gap = half > 0 ? static_cast<int>(std::ceil(center.x - half)) : right + 1;
+    const int after = half > 0 ? static_cast<int>(std::floor(center.x + half)) : right + 1;
     for (int x = left; x <= right; ++x) {
+      if (x >= gap && x < after) x = after;
       const double dx = x + 0.5 - center.x;
-      const double dy = y + 0.5 - center.y;
       const double covered = coverage(std::sqrt(dx * dx + dy * dy));
-      if (covered > 0) Blend(x, y, covered, color);
+      if (x <= right && covered > 0) Blend(x, y, covered, color);
     }
   }
 }
 
 void Raster::Disc(Point center, double radius, Color color) {
   const double size = radius * scale_;
-  Fill(At(center), size, color, [&](double distance) { return size + 0.5 - distance; });
+  Fill(At(center), size, 0, color, [&](double distance) { return size + 0.5 - distance; });
 }
 
 void Raster::Ring(Point center, double radius, double width, Color color) {
   const double size = radius * scale_;
   const double half = std::max(width * scale_, 1.0) / 2;
-  Fill(At(center), size + half, color,
+  Fill(At(center), size + half, size - half - 1, color,
        [&](double distance) { return half + 0.5 - std::abs(distance - size); });
 }
 
@@ -153,7 +163,7 @@ void PaintShapes(Raster& raster, const Diagram& diagram, const WireShape* loose)
   };
   for (const WireShape& wire : diagram.wires) paint(wire);
   for (const PinShape& pin : diagram.pins) {
-    raster.Disc(pin.center, pin.radius, pin.fill);
+    if (pin.fill != kWhite) raster.Disc(pin.center, pin.radius, pin.fill);
     raster.Ring(pin.center, pin.radius - 0.8, pin.wired || pin.current ? 2 : 1.2, pin.border);
     if (pin.marked) raster.Ring(pin.center, pin.radius + 3, 1.6, kInk);
   }

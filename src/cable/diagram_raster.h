@@ -31,7 +31,7 @@ class Raster {
   }
   void Blend(int x, int y, double coverage, Color color);
   template <class Coverage>
-  void Fill(Point center, double radius, Color color, Coverage coverage);
+  void Fill(Point center, double radius, double hole, Color color, Coverage coverage);
 
   std::span<std::uint32_t> pixels_;
   int width_;
