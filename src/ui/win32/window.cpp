@@ -156,6 +156,14 @@ void Window::LayoutNow() {
   RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
+// Texts have other sizes, or the screen has.
+void Window::MeasureAnew() {
+  ClampToScreen();
+  LayoutNow();
+  RedrawWindow(handle_, nullptr, nullptr,
+               RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+}
+
 bool Window::Scroll(UINT message, WPARAM wparam, LPARAM lparam) {
   if (message == WM_MOUSEWHEEL) {
     const int delta = GET_WHEEL_DELTA_WPARAM(wparam);
@@ -316,15 +324,13 @@ LRESULT Window::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       UseDpi(HIWORD(wparam));
       SetWindowPos(handle_, nullptr, place.left, place.top, place.right - place.left,
                    place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
-      ClampToScreen();
-      LayoutNow();
+      MeasureAnew();
       return 0;
     }
     case WM_SETTINGCHANGE:
     case WM_DISPLAYCHANGE:
       UseDpi(dpi_);
-      ClampToScreen();
-      LayoutNow();
+      MeasureAnew();
       return 0;
     case WM_ACTIVATE:
       // Back to where one was, which the system would not know of.

@@ -97,6 +97,7 @@ class Window {
   SIZE MostSize() const;
   SIZE Clamped(SIZE outer);
   void ClampToScreen();
+  void MeasureAnew();
 
   HWND handle_ = nullptr;
   bool open_ = false;
