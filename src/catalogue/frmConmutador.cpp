@@ -4,8 +4,6 @@
 #include <limits>
 #include <utility>
 
-#include "platform/number.h"
-
 namespace conmuta {
 namespace {
 

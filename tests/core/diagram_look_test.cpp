@@ -157,6 +157,13 @@ TEST_P(CableLook, OnlyWhatChangesIsPaintedAnew) {
   EXPECT_LT(area, whole.width * whole.height / 4);
 }
 
+TEST(CablePalette, ContrastIsThatOfTheAccessibilityRules) {
+  EXPECT_NEAR(Contrast(kWhite, {0, 0, 0}), 21, 1e-9);
+  EXPECT_NEAR(Contrast({119, 119, 119}, kWhite), 4.48, 0.01);
+  EXPECT_EQ(Contrast(kInk, kWhite), Contrast(kWhite, kInk));
+  EXPECT_EQ(Contrast(kInk, kInk), 1);
+}
+
 TEST(CableLookOfAPair, WhatThePairDoesNotKeepIsGrey) {
   const Diagram diagram = Cable(emPuertoSerialDB9DB25).Wire(2, 2).Wire(6, 20).Draw();
   for (const WireShape& wire : diagram.wires) {

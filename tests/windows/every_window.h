@@ -31,7 +31,6 @@ class EveryWindowTest : public WindowTest {
     for (const TextView file : {u"cnm1.cfg", u"activo.dat"}) {
       Do(named, &Cfg::GuardarComo, folder_.Path(file));
     }
-    Do(named, &Cfg::GuardarComo, folder_.Path(u"otro.cfg"));
     config_ = named;
     Connect(config_, NullModem(1));
     Do(catalogue_, &Catalogue::put_Directorio, folder_.Path(u""));

@@ -31,8 +31,6 @@ class GdiObject {
 };
 
 using Font = GdiObject<HFONT>;
-using Pen = GdiObject<HPEN>;
-using Brush = GdiObject<HBRUSH>;
 using Bitmap = GdiObject<HBITMAP>;
 
 // Selects an object for as long as it lives.
