@@ -160,8 +160,8 @@ TEST_P(CableLook, OnlyWhatChangesIsPaintedAnew) {
 TEST(CablePalette, ContrastIsThatOfTheAccessibilityRules) {
   EXPECT_NEAR(Contrast(kWhite, {0, 0, 0}), 21, 1e-9);
   EXPECT_NEAR(Contrast({119, 119, 119}, kWhite), 4.48, 0.01);
-  EXPECT_EQ(Contrast(kInk, kWhite), Contrast(kWhite, kInk));
-  EXPECT_EQ(Contrast(kInk, kInk), 1);
+  EXPECT_DOUBLE_EQ(Contrast(kInk, kWhite), Contrast(kWhite, kInk));
+  EXPECT_DOUBLE_EQ(Contrast(kInk, kInk), 1);
 }
 
 TEST(CableLookOfAPair, WhatThePairDoesNotKeepIsGrey) {
