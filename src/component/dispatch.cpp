@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <vector>
 
+#include "component/argument.h"
 #include "component/module.h"
 
 namespace conmuta::component {
@@ -10,7 +13,7 @@ namespace {
 
 SRWLOCK cache_lock = SRWLOCK_INIT;
 
-// Holds the lock on the dispatchers that are in use, by interface.
+// Holds the lock on the dispatchers that were made, by interface.
 class Cache {
  public:
   Cache() { AcquireSRWLockExclusive(&cache_lock); }
@@ -18,236 +21,152 @@ class Cache {
   Cache(const Cache&) = delete;
   Cache& operator=(const Cache&) = delete;
 
-  std::weak_ptr<const Dispatcher>& Of(REFIID iid) {
+  std::shared_ptr<const Dispatcher>& Of(REFIID iid) {
     const auto found = std::find_if(entries.begin(), entries.end(), [&](const auto& entry) {
       return IsEqualGUID(entry.first, iid);
     });
     if (found != entries.end()) return found->second;
-    return entries.emplace_back(iid, std::weak_ptr<const Dispatcher>()).second;
+    return entries.emplace_back(iid, nullptr).second;
   }
 
  private:
-  static inline std::vector<std::pair<IID, std::weak_ptr<const Dispatcher>>> entries;
+  static inline std::vector<std::pair<IID, std::shared_ptr<const Dispatcher>>> entries;
 };
 
+using Arguments = std::array<std::optional<Argument>, kMostParameters>;
+
 // Index of the parameter that an argument goes to: named ones come first, the others backwards.
-int ParameterOf(const DISPPARAMS& arguments, UINT argument, int parameters) {
-  if (argument < arguments.cNamedArgs) {
-    const DISPID name = arguments.rgdispidNamedArgs[argument];
-    return name == DISPID_PROPERTYPUT ? parameters - 1 : name;
-  }
-  return static_cast<int>(arguments.cArgs - 1 - argument);
+// Beyond the parameters for a name that none has.
+std::size_t ParameterOf(const Member& member, const DISPPARAMS& given, UINT argument) {
+  if (argument >= given.cNamedArgs) return given.cArgs - 1 - argument;
+  const DISPID name = given.rgdispidNamedArgs[argument];
+  if (name != DISPID_PROPERTYPUT) return static_cast<std::size_t>(name);
+  return member.parameters.size() - (member.result == VT_EMPTY ? 1 : 0);  // the result counts too
 }
 
 bool IsOmitted(const VARIANT& value) {
   return V_VT(&value) == VT_ERROR && V_ERROR(&value) == DISP_E_PARAMNOTFOUND;
 }
 
+HRESULT Take(const Member& member, const DISPPARAMS& given, Arguments& arguments,
+             UINT* bad_argument) {
+  const auto& parameters = member.parameters;
+  if (given.cArgs > parameters.size()) return DISP_E_BADPARAMCOUNT;
+  for (UINT i = 0; i < given.cArgs; ++i) {
+    const std::size_t index = ParameterOf(member, given, i);
+    if (index >= parameters.size()) continue;
+    if (parameters[index].optional && IsOmitted(given.rgvarg[i])) continue;
+    const HRESULT taken = arguments[index].emplace(parameters[index]).Take(given.rgvarg[i]);
+    if (FAILED(taken)) {
+      if (bad_argument != nullptr) *bad_argument = i;
+      return taken;
+    }
+  }
+  if (member.IsAssignment() &&
+      (given.cNamedArgs == 0 || given.rgdispidNamedArgs[0] != DISPID_PROPERTYPUT)) {
+    return DISP_E_PARAMNOTFOUND;
+  }
+  for (std::size_t i = 0; i < parameters.size(); ++i) {
+    if (arguments[i]) continue;
+    if (!parameters[i].optional) return DISP_E_BADPARAMCOUNT;
+    arguments[i].emplace(parameters[i]).TakeDefault();
+  }
+  return S_OK;
+}
+
+template <class... Words>
+HRESULT Call(void* object, std::size_t slot, Words... words) {
+  using Function = HRESULT(STDMETHODCALLTYPE*)(void* object, Words... words);
+  return reinterpret_cast<Function>((*static_cast<void***>(object))[slot])(object, words...);
+}
+
+// Calls the member with its arguments, and the place for the result behind them.
+HRESULT Call(void* object, const Member& member, Arguments& arguments, VARIANT& result) {
+  std::array<Word, kMostParameters + 1> words{};
+  std::size_t count = 0;
+  for (; count < member.parameters.size(); ++count) words[count] = arguments[count]->Pass();
+  if (member.result != VT_EMPTY) {
+    const bool is_whole = member.result == VT_VARIANT;
+    if (!is_whole) V_VT(&result) = member.result;
+    void* const place = is_whole ? static_cast<void*>(&result) : &V_NONE(&result);
+    words[count++] = reinterpret_cast<Word>(place);
+  }
+  switch (count) {
+    case 0:
+      return Call(object, member.slot);
+    case 1:
+      return Call(object, member.slot, words[0]);
+    case 2:
+      return Call(object, member.slot, words[0], words[1]);
+    default:
+      return Call(object, member.slot, words[0], words[1], words[2]);
+  }
+}
+
+// What a member that failed says, in the form for late bound callers.
+HRESULT Exception(HRESULT failed, EXCEPINFO* exception) {
+  if (exception == nullptr) return DISP_E_EXCEPTION;
+  *exception = EXCEPINFO{};
+  exception->scode = failed;
+  ComPtr<IErrorInfo> info;
+  if (GetErrorInfo(0, info.Receive()) == S_OK) {
+    info->GetSource(&exception->bstrSource);
+    info->GetDescription(&exception->bstrDescription);
+    info->GetHelpFile(&exception->bstrHelpFile);
+    info->GetHelpContext(&exception->dwHelpContext);
+  }
+  return DISP_E_EXCEPTION;
+}
+
 }  // namespace
-
-// One argument as the member wants it, and the way back to the caller's variable.
-class Dispatcher::Argument {
- public:
-  HRESULT Prepare(VARIANT& given, const Parameter& wanted) {
-    given_ = &given;
-    wanted_ = wanted;
-    if (wanted.type == VT_DISPATCH) return PrepareObject();
-    const HRESULT result =
-        VariantChangeType(&value_, const_cast<VARIANT*>(Source()), 0, wanted.type);
-    if (FAILED(result)) return result;
-    if (!wanted.by_reference) return VariantCopy(&passed_, &value_);
-    V_VT(&passed_) = static_cast<VARTYPE>(wanted.type | VT_BYREF);
-    V_BYREF(&passed_) = &V_NONE(&value_);
-    return S_OK;
-  }
-
-  const VARIANT& passed() const { return passed_; }
-
-  HRESULT WriteBack() {
-    if (!wanted_.by_reference || !V_ISBYREF(given_)) return S_OK;
-    if (V_VT(given_) == (VT_BYREF | VT_VARIANT)) return VariantCopy(V_VARIANTREF(given_), &value_);
-    Variant back;
-    const auto type = static_cast<VARTYPE>(V_VT(given_) & ~VT_BYREF);
-    const HRESULT result = VariantChangeType(&back, &value_, 0, type);
-    if (FAILED(result)) return result;
-    Store(back, type);
-    return S_OK;
-  }
-
- private:
-  const VARIANT* Source() const {
-    return V_VT(given_) == (VT_BYREF | VT_VARIANT) ? V_VARIANTREF(given_) : given_;
-  }
-
-  HRESULT PrepareObject() {
-    IUnknown* object = nullptr;
-    switch (V_VT(Source())) {
-      case VT_NULL:
-        break;
-      case VT_DISPATCH:
-      case VT_UNKNOWN:
-        object = V_UNKNOWN(Source());
-        break;
-      case VT_BYREF | VT_DISPATCH:
-      case VT_BYREF | VT_UNKNOWN:
-        object = *V_UNKNOWNREF(Source());
-        break;
-      default:
-        return DISP_E_TYPEMISMATCH;
-    }
-    const auto typed = QueryFor<IDispatch>(object, wanted_.iid);
-    if (object != nullptr && !typed) return DISP_E_TYPEMISMATCH;
-    V_VT(&passed_) = VT_DISPATCH;
-    V_DISPATCH(&passed_) = typed.CopyTo();
-    return S_OK;
-  }
-
-  // Puts a plain value where the caller's pointer points.
-  void Store(Variant& value, VARTYPE type) {
-    switch (type) {
-      case VT_I1:
-      case VT_UI1:
-        *V_UI1REF(given_) = V_UI1(&value);
-        break;
-      case VT_I2:
-      case VT_UI2:
-      case VT_BOOL:
-        *V_I2REF(given_) = V_I2(&value);
-        break;
-      case VT_I8:
-      case VT_UI8:
-      case VT_R8:
-      case VT_CY:
-      case VT_DATE:
-        *V_I8REF(given_) = V_I8(&value);
-        break;
-      case VT_BSTR:
-        std::swap(*V_BSTRREF(given_), V_BSTR(&value));
-        break;
-      case VT_DECIMAL:
-        *V_DECIMALREF(given_) = V_DECIMAL(&value);
-        V_DECIMALREF(given_)->wReserved = 0;
-        break;
-      default:  // the four-byte types
-        *V_I4REF(given_) = V_I4(&value);
-    }
-  }
-
-  VARIANT* given_ = nullptr;
-  Parameter wanted_;
-  Variant value_;
-  Variant passed_;
-};
-
-Dispatcher::Parameter Dispatcher::ResolveDefined(ITypeInfo* info, HREFTYPE reference) {
-  ComPtr<ITypeInfo> defined;
-  TYPEATTR* attributes = nullptr;
-  if (FAILED(info->GetRefTypeInfo(reference, defined.Receive())) ||
-      FAILED(defined->GetTypeAttr(&attributes))) {
-    return {};
-  }
-  Parameter result;
-  if (attributes->typekind == TKIND_ENUM) {
-    result.type = VT_I4;
-  } else if (attributes->typekind == TKIND_DISPATCH || attributes->typekind == TKIND_INTERFACE) {
-    result.type = VT_DISPATCH;
-    result.iid = attributes->guid;
-  }
-  defined->ReleaseTypeAttr(attributes);
-  return result;
-}
-
-Dispatcher::Parameter Dispatcher::Resolve(ITypeInfo* info, const TYPEDESC& type) {
-  if (type.vt == VT_USERDEFINED) return ResolveDefined(info, type.hreftype);
-  if (type.vt != VT_PTR) return {type.vt, false, IID_NULL};
-  Parameter pointed = Resolve(info, *type.lptdesc);
-  if (pointed.type != VT_DISPATCH) pointed.by_reference = true;
-  return pointed;
-}
-
-Dispatcher::Dispatcher(ComPtr<ITypeInfo> info) : info_(std::move(info)) {
-  FUNCDESC* function = nullptr;
-  for (UINT i = 0; SUCCEEDED(info_->GetFuncDesc(i, &function)); ++i) {
-    Parameters& parameters = members_[{function->memid, function->invkind}];
-    parameters.clear();
-    for (int p = 0; p < function->cParams; ++p) {
-      if ((function->lprgelemdescParam[p].paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0) continue;
-      parameters.push_back(Resolve(info_.get(), function->lprgelemdescParam[p].tdesc));
-    }
-    info_->ReleaseFuncDesc(function);
-  }
-}
 
 std::shared_ptr<const Dispatcher> Dispatcher::For(REFIID iid, HRESULT& result) {
   Cache cache;
   auto& cached = cache.Of(iid);
-  auto dispatcher = cached.lock();
   result = S_OK;
-  if (dispatcher) return dispatcher;
-  ComPtr<ITypeInfo> info;
-  result = module::TypeInfoOf(iid, info.Receive());
+  if (cached) return cached;
+  const auto made = std::make_shared<Dispatcher>();
+  result = module::TypeInfoOf(iid, made->info_.Receive());
+  if (SUCCEEDED(result)) result = made->members_.Read(made->info_.get());
   if (FAILED(result)) return nullptr;
-  dispatcher = std::make_shared<const Dispatcher>(std::move(info));
-  cached = dispatcher;
-  return dispatcher;
+  return cached = made;
 }
 
 HRESULT Dispatcher::GetIDsOfNames(LPOLESTR* names, UINT count, DISPID* ids) const {
+  if (count == 1 && names[0] != nullptr) {
+    if (const auto id = members_.IdOf(names[0])) {
+      ids[0] = *id;
+      return S_OK;
+    }
+  }
   return info_->GetIDsOfNames(names, count, ids);
 }
 
-const Dispatcher::Parameters* Dispatcher::Find(DISPID member, WORD flags) const {
-  for (const INVOKEKIND kind :
-       {INVOKE_PROPERTYPUT, INVOKE_PROPERTYPUTREF, INVOKE_PROPERTYGET, INVOKE_FUNC}) {
-    if ((flags & kind) == 0) continue;
-    if (const auto found = members_.find({member, kind}); found != members_.end()) {
-      return &found->second;
-    }
-  }
-  return nullptr;
-}
-
-HRESULT Dispatcher::Invoke(void* object, DISPID member, WORD flags, DISPPARAMS* parameters,
+HRESULT Dispatcher::Invoke(void* object, DISPID id, WORD flags, DISPPARAMS* parameters,
                            VARIANT* result, EXCEPINFO* exception, UINT* bad_argument) const {
-  const Parameters* declared = Find(member, flags);
-  if (parameters == nullptr || declared == nullptr) {
-    return info_->Invoke(object, member, flags, parameters, result, exception, bad_argument);
-  }
+  if (parameters == nullptr || parameters->cNamedArgs > parameters->cArgs) return E_INVALIDARG;
+  const Member* const member = members_.Find(id, flags);
+  if (member == nullptr) return DISP_E_MEMBERNOTFOUND;
 
-  // Not every system's own Invoke refuses what is too much.
-  constexpr UINT kMostArguments = 4;
-  if (parameters->cArgs > std::min<std::size_t>(declared->size(), kMostArguments)) {
-    return DISP_E_BADPARAMCOUNT;
-  }
+  Arguments arguments;
+  const HRESULT taken = Take(*member, *parameters, arguments, bad_argument);
+  if (FAILED(taken)) return taken;
 
-  std::array<Argument, kMostArguments> arguments;
-  std::array<VARIANT, kMostArguments> passed;  // borrowed from the arguments
-  const int count = static_cast<int>(declared->size());
-  for (UINT i = 0; i < parameters->cArgs; ++i) {
-    VARIANT& given = parameters->rgvarg[i];
-    passed[i] = given;
-    const int index = ParameterOf(*parameters, i, count);
-    if (index < 0 || index >= count || IsOmitted(given)) continue;
-    const Parameter& wanted = (*declared)[static_cast<std::size_t>(index)];
-    if (wanted.type == VT_EMPTY) continue;
-    const HRESULT coerced = arguments[i].Prepare(given, wanted);
-    if (FAILED(coerced)) {
-      if (bad_argument != nullptr) *bad_argument = i;
-      return coerced;
-    }
-    passed[i] = arguments[i].passed();
+  Variant given_back;
+  const HRESULT called = Call(object, *member, arguments, given_back);
+  if (FAILED(called)) {
+    V_VT(&given_back) = VT_EMPTY;  // a failed member gives nothing
+    return Exception(called, exception);
   }
-
-  DISPPARAMS coerced = *parameters;
-  coerced.rgvarg = passed.data();
-  const HRESULT called =
-      info_->Invoke(object, member, flags, &coerced, result, exception, bad_argument);
-  if (FAILED(called)) return called;
-  for (UINT i = 0; i < parameters->cArgs; ++i) {
-    const HRESULT written = arguments[i].WriteBack();
+  if (result != nullptr) {
+    *result = given_back;
+    V_VT(&given_back) = VT_EMPTY;
+  }
+  for (std::size_t i = 0; i < member->parameters.size(); ++i) {
+    const HRESULT written = arguments[i]->WriteBack();
     if (FAILED(written)) return written;
   }
-  return called;
+  return S_OK;
 }
 
 }  // namespace conmuta::component
