@@ -44,6 +44,11 @@ std::size_t ParameterOf(const Member& member, const DISPPARAMS& given, UINT argu
   return member.parameters.size() - (member.result == VT_EMPTY ? 1 : 0);  // the result counts too
 }
 
+// Some hosts assign every variable by reference, as if it held an object.
+bool AssignsAVariable(WORD flags, const DISPPARAMS& given) {
+  return flags == DISPATCH_PROPERTYPUTREF && given.cArgs != 0 && V_ISBYREF(&given.rgvarg[0]);
+}
+
 bool IsOmitted(const VARIANT& value) {
   return V_VT(&value) == VT_ERROR && V_ERROR(&value) == DISP_E_PARAMNOTFOUND;
 }
@@ -145,7 +150,10 @@ HRESULT Dispatcher::GetIDsOfNames(LPOLESTR* names, UINT count, DISPID* ids) cons
 HRESULT Dispatcher::Invoke(void* object, DISPID id, WORD flags, DISPPARAMS* parameters,
                            VARIANT* result, EXCEPINFO* exception, UINT* bad_argument) const {
   if (parameters == nullptr || parameters->cNamedArgs > parameters->cArgs) return E_INVALIDARG;
-  const Member* const member = members_.Find(id, flags);
+  const Member* member = members_.Find(id, flags);
+  if (member == nullptr && AssignsAVariable(flags, *parameters)) {
+    member = members_.Find(id, DISPATCH_PROPERTYPUT);
+  }
   if (member == nullptr) return DISP_E_MEMBERNOTFOUND;
 
   Arguments arguments;
