@@ -3,6 +3,7 @@
 #include <atomic>
 
 #include "component/boundary.h"
+#include "component/dispatch.h"
 #include "component/module.h"
 
 namespace conmuta::component {
@@ -67,5 +68,10 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
 }
 
 STDAPI DllCanUnloadNow() {
-  return module::IsInUse() ? S_FALSE : S_OK;
+  if (module::IsInUse()) return S_FALSE;
+  // While the DLL is unloaded it would be too late: others must not be called under the loader's
+  // lock.
+  Dispatcher::ForgetAll();
+  module::ForgetLibrary();
+  return S_OK;
 }

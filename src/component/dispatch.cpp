@@ -21,16 +21,27 @@ class Cache {
   Cache(const Cache&) = delete;
   Cache& operator=(const Cache&) = delete;
 
+  void Clear() { entries.value = {}; }
+
   std::shared_ptr<const Dispatcher>& Of(REFIID iid) {
-    const auto found = std::find_if(entries.begin(), entries.end(), [&](const auto& entry) {
+    auto& known = entries.value;
+    const auto found = std::find_if(known.begin(), known.end(), [&](const auto& entry) {
       return IsEqualGUID(entry.first, iid);
     });
-    if (found != entries.end()) return found->second;
-    return entries.emplace_back(iid, nullptr).second;
+    if (found != known.end()) return found->second;
+    return known.emplace_back(iid, nullptr).second;
   }
 
  private:
-  static inline std::vector<std::pair<IID, std::shared_ptr<const Dispatcher>>> entries;
+  using Entries = std::vector<std::pair<IID, std::shared_ptr<const Dispatcher>>>;
+
+  // Not destroyed with the DLL: what they hold must not be released under the loader's lock.
+  union Lasting {
+    Lasting() : value() {}
+    ~Lasting() {}
+    Entries value;
+  };
+  static inline Lasting entries;
 };
 
 using Arguments = std::array<std::optional<Argument>, kMostParameters>;
@@ -135,6 +146,10 @@ std::shared_ptr<const Dispatcher> Dispatcher::For(REFIID iid, HRESULT& result) {
   if (SUCCEEDED(result)) result = made->members_.Read(made->info_.get());
   if (FAILED(result)) return nullptr;
   return cached = made;
+}
+
+void Dispatcher::ForgetAll() {
+  Cache().Clear();
 }
 
 HRESULT Dispatcher::GetIDsOfNames(LPOLESTR* names, UINT count, DISPID* ids) const {

@@ -20,6 +20,9 @@ class Dispatcher {
   // when there is none.
   static std::shared_ptr<const Dispatcher> For(REFIID iid, HRESULT& result);
 
+  // Keeps none for the next object.
+  static void ForgetAll();
+
   // Names that are not members' (of arguments, of inherited members) are the type library's affair.
   HRESULT GetIDsOfNames(LPOLESTR* names, UINT count, DISPID* ids) const;
 

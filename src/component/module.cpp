@@ -9,16 +9,16 @@ std::atomic<long> users = 0;
 HINSTANCE instance = nullptr;
 
 SRWLOCK library_lock = SRWLOCK_INIT;
-ITypeLib* library = nullptr;  // kept until the DLL goes
+ITypeLib* library = nullptr;  // kept until it is forgotten
 
-HRESULT Library(ComPtr<ITypeLib>& loaded) {
-  AcquireSRWLockExclusive(&library_lock);
-  const HRESULT result =
-      library != nullptr ? S_OK : LoadTypeLibEx(Path().c_str(), REGKIND_NONE, &library);
-  if (SUCCEEDED(result)) loaded = ComPtr<ITypeLib>(library);
-  ReleaseSRWLockExclusive(&library_lock);
-  return result;
-}
+// Holds the lock on the library.
+class LibraryLock {
+ public:
+  LibraryLock() { AcquireSRWLockExclusive(&library_lock); }
+  ~LibraryLock() { ReleaseSRWLockExclusive(&library_lock); }
+  LibraryLock(const LibraryLock&) = delete;
+  LibraryLock& operator=(const LibraryLock&) = delete;
+};
 
 }  // namespace
 
@@ -48,6 +48,20 @@ std::wstring Path() {
   }
 }
 
+HRESULT Library(ComPtr<ITypeLib>& loaded) {
+  const LibraryLock lock;
+  const HRESULT result =
+      library != nullptr ? S_OK : LoadTypeLibEx(Path().c_str(), REGKIND_NONE, &library);
+  if (SUCCEEDED(result)) loaded = ComPtr<ITypeLib>(library);
+  return result;
+}
+
+void ForgetLibrary() {
+  const LibraryLock lock;
+  if (library != nullptr) library->Release();
+  library = nullptr;
+}
+
 HRESULT TypeInfoOf(REFGUID guid, ITypeInfo** info) {
   ComPtr<ITypeLib> loaded;
   const HRESULT result = Library(loaded);
@@ -59,16 +73,9 @@ void Attach(HINSTANCE dll) {
   DisableThreadLibraryCalls(dll);
 }
 
-void Detach() {
-  if (library != nullptr) library->Release();
-  library = nullptr;
-}
-
 }  // namespace conmuta::component::module
 
-BOOL WINAPI DllMain(HINSTANCE dll, DWORD reason, void* process_ends) {
-  using namespace conmuta::component;
-  if (reason == DLL_PROCESS_ATTACH) module::Attach(dll);
-  if (reason == DLL_PROCESS_DETACH && process_ends == nullptr) module::Detach();
+BOOL WINAPI DllMain(HINSTANCE dll, DWORD reason, void*) {
+  if (reason == DLL_PROCESS_ATTACH) conmuta::component::module::Attach(dll);
   return TRUE;
 }

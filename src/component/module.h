@@ -36,8 +36,11 @@ HINSTANCE Instance();
 // Full path of the DLL.
 std::wstring Path();
 
-// The description of one of our interfaces or classes, from the library inside the DLL, so that it
-// works without registration.
+// The library inside the DLL, so that it works without registration. Kept for the next user.
+HRESULT Library(ComPtr<ITypeLib>& library);
+void ForgetLibrary();
+
+// The description of one of our interfaces or classes.
 HRESULT TypeInfoOf(REFGUID guid, ITypeInfo** info);
 
 }  // namespace module

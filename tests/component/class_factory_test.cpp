@@ -222,6 +222,31 @@ TEST(UnloadingTest, TheDllGoesWhenAllIsReleasedAndComesBack) {
   }
 }
 
+ULONG References(ITypeLib* library) {
+  library->AddRef();
+  return library->Release();
+}
+
+// The system has one library object for all who load the same file. Releasing it while the DLL is
+// unloaded would call into the system under the loader's lock.
+TEST(UnloadingTest, TheTypeLibraryIsLetGoBeforeTheDllGoes) {
+  const CopiedDll copy;
+  ComPtr<ITypeLib> library;
+  ASSERT_EQ(LoadTypeLibEx(copy.path().c_str(), REGKIND_NONE, library.Receive()), S_OK);
+  const ULONG before = References(library.get());
+  for (int round = 0; round < 2; ++round) {
+    const LoadedDll dll(copy.path());
+    ASSERT_TRUE(dll);
+    UseOnce(dll, kClasses[0]);
+    EXPECT_GT(References(library.get()), before);
+    EXPECT_EQ(dll.CanUnloadNow(), S_OK);
+    EXPECT_EQ(References(library.get()), before);
+    UseOnce(dll, kClasses[0]);
+    EXPECT_EQ(dll.CanUnloadNow(), S_OK);
+  }
+  EXPECT_EQ(References(library.get()), before);
+}
+
 TEST(UnloadingTest, ComLetsTheDllGoWhenNothingIsInUse) {
   { const auto config = NewConfig(); }
   EXPECT_NE(GetModuleHandleW(L"conmuta.dll"), nullptr);
