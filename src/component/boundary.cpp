@@ -44,7 +44,8 @@ HRESULT ReportInvalidArgument(REFIID iid) {
 }  // namespace
 
 HRESULT ReportLine(REFIID iid, LineError error) noexcept {
-  if (error == LineError::kNone) [[likely]] return S_OK;
+  if (error == LineError::kNone) [[likely]]
+    return S_OK;
   try {
     return error == LineError::kOverflow ? ReportOverflow(iid) : ReportInvalidArgument(iid);
   } catch (...) {
