@@ -3,8 +3,10 @@
 // Counts through replaced allocation functions, which serve this whole test program. Memory still
 // comes from malloc, where sanitizers watch it.
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <atomic>
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <new>
@@ -17,11 +19,22 @@
 namespace {
 
 std::atomic<std::size_t> allocations = 0;
+std::atomic<std::int64_t> bytes_in_use = 0;
+
+std::int64_t BytesOf(void* memory) {
+#ifdef _WIN32
+  return memory != nullptr ? static_cast<std::int64_t>(_msize(memory)) : 0;
+#else
+  return static_cast<std::int64_t>(malloc_usable_size(memory));
+#endif
+}
 
 // Out of line: the compiler must not see which malloc a free belongs to.
 [[gnu::noinline]] void* Allocate(std::size_t size) noexcept {
   ++allocations;
-  return std::malloc(size != 0 ? size : 1);
+  void* memory = std::malloc(size != 0 ? size : 1);
+  bytes_in_use += BytesOf(memory);
+  return memory;
 }
 
 [[gnu::noinline]] void* AllocateOrThrow(std::size_t size) {
@@ -30,6 +43,7 @@ std::atomic<std::size_t> allocations = 0;
 }
 
 [[gnu::noinline]] void Release(void* memory) noexcept {
+  bytes_in_use -= BytesOf(memory);
   std::free(memory);
 }
 
@@ -173,6 +187,20 @@ TEST(Allocation, IsNotNeededForLinesNoLongerThanBefore) {
     desk.Translate(TextView(good).substr(length));
   }
   EXPECT_EQ(allocations - before, 0u);
+}
+
+// What came through a broken separator once must not be kept for the translator's life.
+TEST(Allocation, OfAGiantLineIsGivenBackWithTheNextOne) {
+  Translation desk(FixedColumns().Build());
+  const Text good = FixedLine().text();
+  desk.Translate(good);
+  const std::int64_t before = bytes_in_use;
+  desk.Translate(Text(16'000'000, u'7'));
+  EXPECT_GE(bytes_in_use - before, 32'000'000);
+  EXPECT_EQ(desk.translator.Llamada().size(), 16'000'000u);
+  desk.Translate(good);
+  EXPECT_LT(bytes_in_use - before, 100'000);
+  EXPECT_TRUE(desk.call().EsValido());
 }
 
 }  // namespace
