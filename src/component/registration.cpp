@@ -10,7 +10,9 @@ namespace conmuta::component {
 namespace {
 
 constexpr wchar_t kVersion[] = L"1.0";
+// What the system marshals dual interfaces with, and those of events.
 constexpr wchar_t kAutomationMarshaler[] = L"{00020424-0000-0000-C000-000000000046}";
+constexpr wchar_t kDispatchMarshaler[] = L"{00020420-0000-0000-C000-000000000046}";
 // A TypeLib key holds one sub-key for each size of the component.
 constexpr const wchar_t* kSize = sizeof(void*) == 8 ? L"win64" : L"win32";
 constexpr REGSAM kOtherSize = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
@@ -57,15 +59,39 @@ std::wstring LibraryVersionKey() {
   return LibraryKey() + L"\\" + kVersion;
 }
 
-void AppendInterface(std::vector<Value>& values, const IID& iid, const std::wstring& name) {
+void AppendInterface(std::vector<Value>& values, const IID& iid, const std::wstring& name,
+                     const wchar_t* marshaler) {
   const std::wstring key = InterfaceKey(iid);
   values.push_back({key, L"", name});
-  values.push_back({key + L"\\ProxyStubClsid32", L"", kAutomationMarshaler});
+  values.push_back({key + L"\\ProxyStubClsid32", L"", marshaler});
   values.push_back({key + L"\\TypeLib", L"", ToString(LIBID_Conmuta)});
   values.push_back({key + L"\\TypeLib", L"Version", kVersion});
 }
 
-std::vector<Value> AllValues() {
+// What the library says of itself.
+struct LibraryFacts {
+  std::wstring title;
+  std::wstring flags;
+};
+
+HRESULT Read(LibraryFacts& facts) {
+  ComPtr<ITypeLib> library;
+  HRESULT result = module::Library(library);
+  if (FAILED(result)) return result;
+  Variant title;
+  V_VT(&title) = VT_BSTR;
+  result = library->GetDocumentation(-1, nullptr, &V_BSTR(&title), nullptr, nullptr);
+  if (FAILED(result)) return result;
+  facts.title.assign(V_BSTR(&title), SysStringLen(V_BSTR(&title)));
+  TLIBATTR* attributes = nullptr;
+  result = library->GetLibAttr(&attributes);
+  if (FAILED(result)) return result;
+  facts.flags = std::to_wstring(attributes->wLibFlags);
+  library->ReleaseTLibAttr(attributes);
+  return S_OK;
+}
+
+std::vector<Value> AllValues(const LibraryFacts& library) {
   const std::wstring path = module::Path();
   const std::wstring folder = path.substr(0, path.find_last_of(L'\\'));
   std::vector<Value> values;
@@ -85,12 +111,12 @@ std::vector<Value> AllValues() {
     values.push_back({ProgId(c) + L"\\CurVer", L"", VersionedProgId(c)});
     values.push_back({VersionedProgId(c), L"", c.title});
     values.push_back({VersionedProgId(c) + L"\\CLSID", L"", clsid});
-    AppendInterface(values, *c.iid, std::wstring(L"_") + c.name);
+    AppendInterface(values, *c.iid, std::wstring(L"_") + c.name, kAutomationMarshaler);
   }
-  AppendInterface(values, DIID___clsCfgConmut, L"__clsCfgConmut");
-  values.push_back({LibraryVersionKey(), L"", kLibraryName});
+  AppendInterface(values, DIID___clsCfgConmut, L"__clsCfgConmut", kDispatchMarshaler);
+  values.push_back({LibraryVersionKey(), L"", library.title});
   values.push_back({LibraryVersionKey() + L"\\0\\" + kSize, L"", path});
-  values.push_back({LibraryVersionKey() + L"\\FLAGS", L"", L"0"});
+  values.push_back({LibraryVersionKey() + L"\\FLAGS", L"", library.flags});
   values.push_back({LibraryVersionKey() + L"\\HELPDIR", L"", folder});
   return values;
 }
@@ -117,10 +143,31 @@ bool Exists(Scope scope, const std::wstring& key, REGSAM view) {
   return true;
 }
 
-void RemoveTree(Scope scope, const std::wstring& key) {
-  RegDeleteTreeW(Root(scope), Below(key).c_str());
-  RegDeleteKeyW(Root(scope), Below(key).c_str());
+HRESULT FromStatus(LSTATUS status) {
+  return HRESULT_FROM_WIN32(static_cast<DWORD>(status));
 }
+
+// Takes keys away, each with what is below it, and remembers the first failure. A key that is not
+// there is none.
+class Removal {
+ public:
+  explicit Removal(Scope scope) : scope_(scope) {}
+
+  void Remove(const std::wstring& key) {
+    Note(RegDeleteTreeW(Root(scope_), Below(key).c_str()));
+    Note(RegDeleteKeyW(Root(scope_), Below(key).c_str()));
+  }
+
+  HRESULT result() const { return result_; }
+
+ private:
+  void Note(LSTATUS status) {
+    if (status != ERROR_FILE_NOT_FOUND && SUCCEEDED(result_)) result_ = FromStatus(status);
+  }
+
+  const Scope scope_;
+  HRESULT result_ = S_OK;
+};
 
 // Whether the component of the other size is registered, which shares the ProgIDs and the library.
 bool OtherSizeIsRegistered(Scope scope) {
@@ -129,27 +176,31 @@ bool OtherSizeIsRegistered(Scope scope) {
 }
 
 HRESULT Unregister(Scope scope) {
+  Removal removal(scope);
   for (const ComClass& c : Classes()) {
-    RemoveTree(scope, ClassKey(c));
-    RemoveTree(scope, InterfaceKey(*c.iid));
+    removal.Remove(ClassKey(c));
+    removal.Remove(InterfaceKey(*c.iid));
   }
-  RemoveTree(scope, InterfaceKey(DIID___clsCfgConmut));
-  RemoveTree(scope, LibraryVersionKey() + L"\\0\\" + kSize);
-  if (OtherSizeIsRegistered(scope)) return S_OK;
+  removal.Remove(InterfaceKey(DIID___clsCfgConmut));
+  removal.Remove(LibraryVersionKey() + L"\\0\\" + kSize);
+  if (OtherSizeIsRegistered(scope)) return removal.result();
   for (const ComClass& c : Classes()) {
-    RemoveTree(scope, ProgId(c));
-    RemoveTree(scope, VersionedProgId(c));
+    removal.Remove(ProgId(c));
+    removal.Remove(VersionedProgId(c));
   }
-  RemoveTree(scope, LibraryKey());
-  return S_OK;
+  removal.Remove(LibraryKey());
+  return removal.result();
 }
 
 HRESULT Register(Scope scope) {
-  for (const Value& value : AllValues()) {
+  LibraryFacts library;
+  const HRESULT read = Read(library);
+  if (FAILED(read)) return read;
+  for (const Value& value : AllValues(library)) {
     const LSTATUS status = Write(scope, value);
     if (status != ERROR_SUCCESS) {
       Unregister(scope);
-      return HRESULT_FROM_WIN32(static_cast<DWORD>(status));
+      return FromStatus(status);
     }
   }
   return S_OK;

@@ -116,7 +116,7 @@ TEST_F(RegisteredTest, UnregisteringLeavesTheNamesWhileTheOtherSizeIsRegistered)
     }
     const std::wstring library =
         L"Software\\Classes\\TypeLib\\" + ToString(LIBID_Conmuta) + L"\\1.0";
-    EXPECT_EQ(ValueOf(HKEY_LOCAL_MACHINE, library), L"Conmuta");
+    EXPECT_EQ(ValueOf(HKEY_LOCAL_MACHINE, library + L"\\FLAGS"), L"8");
     EXPECT_EQ(ValueOf(HKEY_LOCAL_MACHINE, library + L"\\0\\win64"), L"");
   }
   EXPECT_EQ(RegDeleteKeyW(HKEY_LOCAL_MACHINE, other.c_str()), ERROR_SUCCESS);

@@ -44,13 +44,16 @@ void AppendClass(Snapshot& lines, const std::wstring& clsid, const std::wstring&
                              prog_id + L".1\\CLSID [] = " + clsid});
 }
 
-void AppendInterface(Snapshot& lines, const std::wstring& iid, const std::wstring& name) {
+constexpr wchar_t kOfDuals[] = L"{00020424-0000-0000-C000-000000000046}";
+constexpr wchar_t kOfEvents[] = L"{00020420-0000-0000-C000-000000000046}";
+
+void AppendInterface(Snapshot& lines, const std::wstring& iid, const std::wstring& name,
+                     const std::wstring& marshaler = kOfDuals) {
   const std::wstring key = L"Interface\\" + iid;
-  lines.insert(
-      lines.end(),
-      {key, key + L" [] = " + name, key + L"\\ProxyStubClsid32",
-       key + L"\\ProxyStubClsid32 [] = {00020424-0000-0000-C000-000000000046}", key + L"\\TypeLib",
-       key + L"\\TypeLib [] = " + kLibrary, key + L"\\TypeLib [Version] = 1.0"});
+  lines.insert(lines.end(),
+               {key, key + L" [] = " + name, key + L"\\ProxyStubClsid32",
+                key + L"\\ProxyStubClsid32 [] = " + marshaler, key + L"\\TypeLib",
+                key + L"\\TypeLib [] = " + kLibrary, key + L"\\TypeLib [Version] = 1.0"});
 }
 
 // All that a registered component has below Software\Classes.
@@ -68,14 +71,17 @@ Snapshot Registered() {
   AppendInterface(lines, L"{F521BDF3-7996-4B7D-B6A2-6EAA3412566F}", L"_clsTradEST");
   AppendInterface(lines, L"{6B826062-90FF-4596-AC3B-EEF825EF06EE}", L"_clsLlamadaTRD");
   AppendInterface(lines, L"{B3C24129-AD6D-49CB-9B72-019484FF27D3}", L"_clsConmutadores");
-  AppendInterface(lines, L"{E269772B-8C36-498D-8A5D-851DF9BC46CA}", L"__clsCfgConmut");
+  AppendInterface(lines, L"{E269772B-8C36-498D-8A5D-851DF9BC46CA}", L"__clsCfgConmut", kOfEvents);
   const std::wstring library = std::wstring(L"TypeLib\\") + kLibrary;
   const std::wstring path = DllPath();
   lines.insert(
       lines.end(),
-      {library, library + L"\\1.0", library + L"\\1.0 [] = Conmuta", library + L"\\1.0\\0",
-       library + L"\\1.0\\0\\" + kSize, library + L"\\1.0\\0\\" + kSize + L" [] = " + path,
-       library + L"\\1.0\\FLAGS", library + L"\\1.0\\FLAGS [] = 0", library + L"\\1.0\\HELPDIR",
+      {library, library + L"\\1.0",
+       library +
+           L"\\1.0 [] = Conmuta 1.0: configuración de conmutadores y traducción de llamadas SMDR",
+       library + L"\\1.0\\0", library + L"\\1.0\\0\\" + kSize,
+       library + L"\\1.0\\0\\" + kSize + L" [] = " + path, library + L"\\1.0\\FLAGS",
+       library + L"\\1.0\\FLAGS [] = 8", library + L"\\1.0\\HELPDIR",
        library + L"\\1.0\\HELPDIR [] = " + path.substr(0, path.rfind(L'\\'))});
   std::sort(lines.begin(), lines.end());
   return lines;
@@ -94,6 +100,38 @@ TEST_F(RegistrationTest, RegisteringWritesExactlyItsKeysForTheMachine) {
   EXPECT_EQ(dll.RegisterServer(), S_OK);
   EXPECT_THAT(machine.Classes(), ContainerEq(Registered()));
   EXPECT_THAT(SnapshotOf(user.key(), L""), IsEmpty());
+}
+
+// What is below the interfaces and the library; a key for 16-bit clients is left out.
+void AppendLibraryPart(Snapshot& part, const Snapshot& lines) {
+  for (std::wstring line : lines) {
+    if (line.starts_with(L"Typelib")) line[4] = L'L';  // the letter case of keys means nothing
+    const bool is_old = line.ends_with(L"\\ProxyStubClsid") ||
+                        line.find(L"\\ProxyStubClsid [") != std::wstring::npos;
+    if ((line.starts_with(L"Interface") || line.starts_with(L"TypeLib")) && !is_old) {
+      part.push_back(line);
+    }
+  }
+  std::sort(part.begin(), part.end());
+  part.erase(std::unique(part.begin(), part.end()), part.end());
+}
+
+TEST_F(RegistrationTest, TheLibraryIsRegisteredAsTheSystemItselfWould) {
+  EXPECT_EQ(dll.RegisterServer(), S_OK);
+  Snapshot ours;
+  AppendLibraryPart(ours, machine.Classes());
+  EXPECT_EQ(dll.UnregisterServer(), S_OK);
+
+  const EmptyRegistry classes(HKEY_CLASSES_ROOT);  // it writes through this root key too
+  ComPtr<ITypeLib> library;
+  std::wstring path = DllPath();
+  std::wstring folder = path.substr(0, path.rfind(L'\\'));
+  ASSERT_EQ(LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.Receive()), S_OK);
+  ASSERT_EQ(RegisterTypeLib(library.get(), path.data(), folder.data()), S_OK);
+  Snapshot theirs;
+  AppendLibraryPart(theirs, machine.Classes());
+  AppendLibraryPart(theirs, SnapshotOf(classes.key(), L""));
+  EXPECT_THAT(ours, ContainerEq(theirs));
 }
 
 TEST_F(RegistrationTest, RegisteringAgainChangesNothing) {
@@ -164,6 +202,17 @@ TEST_F(RegistrationTest, RegistrationThatFailsSaysWhyAndLeavesNothing) {
   machine.Add(L"Software\\Classes\\TypeLib", REG_OPTION_VOLATILE);
   EXPECT_EQ(dll.RegisterServer(), HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
   EXPECT_THAT(machine.Classes(), ContainerEq(kNothingLeft));
+}
+
+// Of a deleted key nothing can be read or changed any more, as of one that belongs to others.
+TEST_F(RegistrationTest, UnregisteringThatFailsSaysWhy) {
+  EXPECT_EQ(dll.RegisterServer(), S_OK);
+  EXPECT_EQ(dll.Install(true, L"user"), S_OK);
+  machine.Break();
+  user.Break();
+  EXPECT_EQ(dll.UnregisterServer(), HRESULT_FROM_WIN32(ERROR_KEY_DELETED));
+  EXPECT_EQ(dll.Install(false, nullptr), HRESULT_FROM_WIN32(ERROR_KEY_DELETED));
+  EXPECT_EQ(dll.Install(false, L"user"), HRESULT_FROM_WIN32(ERROR_KEY_DELETED));
 }
 
 }  // namespace

@@ -86,6 +86,12 @@ class EmptyRegistry {
     RegCloseKey(added);
   }
 
+  // From here on the root key is a deleted one: every call below it fails.
+  void Break() const {
+    RegDeleteTreeW(key_, nullptr);
+    RegDeleteKeyW(key_, L"");
+  }
+
   // What is below Software\Classes.
   Snapshot Classes() const { return SnapshotOf(key_, L"Software\\Classes"); }
 
