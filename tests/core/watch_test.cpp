@@ -268,7 +268,7 @@ TEST_P(WatchedCase, IsTranslatedAsIfNobodyWatched) {
                                    u"00:00:45   TRANSFERRED",
                                    u"00:00:00   FROM TRANSFER",
                                    u"00:02:18   CALL RELEASED"};
-  for (int round = 0; round < 60; ++round) {
+  for (int round = 0; round < 20; ++round) {
     const test::Random same = random;
     Translation plain(layout().Build());
     random = same;
