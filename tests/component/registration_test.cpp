@@ -78,7 +78,7 @@ Snapshot Registered() {
       lines.end(),
       {library, library + L"\\1.0",
        library +
-           L"\\1.0 [] = Conmuta 1.0: configuración de conmutadores y traducción de llamadas SMDR",
+           L"\\1.0 [] = Conmuta 1.0: configuracion de conmutadores y traduccion de llamadas SMDR",
        library + L"\\1.0\\0", library + L"\\1.0\\0\\" + kSize,
        library + L"\\1.0\\0\\" + kSize + L" [] = " + path, library + L"\\1.0\\FLAGS",
        library + L"\\1.0\\FLAGS [] = 8", library + L"\\1.0\\HELPDIR",

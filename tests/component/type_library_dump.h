@@ -38,10 +38,11 @@ class TypeLibraryDump {
   }
   void Line(const char* line) { text_.append(line).append("\n"); }
 
-  // Names and identifiers are plain ASCII.
+  // Names, identifiers and help strings are plain ASCII; what is not shows as "?".
   static std::string Narrow(BSTR text) {
-    const Text wide = TakeText(text);
-    return {wide.begin(), wide.end()};
+    std::string narrow;
+    for (const char16_t c : TakeText(text)) narrow += c < 0x80 ? static_cast<char>(c) : '?';
+    return narrow;
   }
   static std::string ToString(REFGUID guid) {
     OLECHAR text[39];
@@ -57,6 +58,13 @@ class TypeLibraryDump {
     BSTR name = nullptr;
     info->GetDocumentation(member, &name, nullptr, nullptr, nullptr);
     return Narrow(name);
+  }
+
+  // Quoted, behind a blank.
+  static std::string HelpOf(ITypeInfo* info, MEMBERID member = MEMBERID_NIL) {
+    BSTR help = nullptr;
+    info->GetDocumentation(member, nullptr, &help, nullptr, nullptr);
+    return " \"" + Narrow(help) + "\"";
   }
 
   static std::string TypeName(ITypeInfo* info, const TYPEDESC& type) {
@@ -97,8 +105,8 @@ class TypeLibraryDump {
     Line("");
     const char* const kinds[] = {"enum",     "record", "module", "interface",
                                  "dispatch", "class",  "alias",  "union"};
-    Line("%s %s %s flags 0x%x", kinds[attributes->typekind], NameOf(info).c_str(),
-         ToString(attributes->guid).c_str(), attributes->wTypeFlags);
+    Line("%s %s %s flags 0x%x%s", kinds[attributes->typekind], NameOf(info).c_str(),
+         ToString(attributes->guid).c_str(), attributes->wTypeFlags, HelpOf(info).c_str());
     const bool is_dual =
         attributes->typekind == TKIND_DISPATCH && (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0;
     if (is_dual) {
@@ -115,8 +123,9 @@ class TypeLibraryDump {
   void Constant(ITypeInfo* info, UINT index) {
     VARDESC* variable = nullptr;
     if (FAILED(info->GetVarDesc(index, &variable))) return;
-    Line("  %s = %ld", NameOf(info, variable->memid).c_str(),
-         variable->varkind == VAR_CONST ? static_cast<long>(V_I4(variable->lpvarValue)) : -1L);
+    Line("  %s = %ld%s", NameOf(info, variable->memid).c_str(),
+         variable->varkind == VAR_CONST ? static_cast<long>(V_I4(variable->lpvarValue)) : -1L,
+         HelpOf(info, variable->memid).c_str());
     info->ReleaseVarDesc(variable);
   }
 
@@ -184,7 +193,8 @@ class TypeLibraryDump {
       }
     }
     for (BSTR name : names) SysFreeString(name);
-    Line("%s) flags 0x%x callconv %d", line.c_str(), function->wFuncFlags, function->callconv);
+    Line("%s) flags 0x%x callconv %d%s", line.c_str(), function->wFuncFlags, function->callconv,
+         HelpOf(info, function->memid).c_str());
     info->ReleaseFuncDesc(function);
   }
 

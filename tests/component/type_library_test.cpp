@@ -1,5 +1,6 @@
 // The type library inside the DLL, member for member. Hosts are compiled against it: a difference
 // from the golden text breaks them, so the text only ever grows.
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -61,10 +62,97 @@ TEST(TypeLibraryTest, DescribesItselfInSpanish) {
   BSTR description = nullptr;
   ASSERT_EQ(library->GetDocumentation(-1, nullptr, &description, nullptr, nullptr), S_OK);
   EXPECT_EQ(TakeText(description),
-            u"Conmuta 1.0: configuración de conmutadores y traducción de llamadas SMDR");
+            u"Conmuta 1.0: configuracion de conmutadores y traduccion de llamadas SMDR");
 }
 
+// A library keeps its texts as bytes, and every machine reads them in its own code page.
+void ExpectPlainHelp(ITypeInfo* info, MEMBERID member) {
+  BSTR name = nullptr;
+  BSTR help = nullptr;
+  ASSERT_EQ(info->GetDocumentation(member, &name, &help, nullptr, nullptr), S_OK);
+  const Text text = TakeText(help);
+  EXPECT_FALSE(text.empty()) << ::testing::PrintToString(TakeText(name));
+  EXPECT_TRUE(std::ranges::all_of(text, [](char16_t c) { return c >= u' ' && c < 0x7F; }))
+      << ::testing::PrintToString(text);
+}
+
+TEST(TypeLibraryTest, EverythingHasAHelpStringForAnyCodePage) {
+  const auto library = OwnLibrary();
+  ASSERT_TRUE(library);
+  for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
+    ComPtr<ITypeInfo> info;
+    ASSERT_EQ(library->GetTypeInfo(i, info.Receive()), S_OK);
+    ExpectPlainHelp(info.get(), MEMBERID_NIL);
+    VARDESC* variable = nullptr;
+    for (UINT v = 0; SUCCEEDED(info->GetVarDesc(v, &variable)); ++v) {
+      ExpectPlainHelp(info.get(), variable->memid);
+      info->ReleaseVarDesc(variable);
+    }
+    FUNCDESC* function = nullptr;
+    for (UINT f = 0; SUCCEEDED(info->GetFuncDesc(f, &function)); ++f) {
+      const bool is_ours = function->memid < 0x1000;
+      if (is_ours) ExpectPlainHelp(info.get(), function->memid);
+      info->ReleaseFuncDesc(function);
+    }
+  }
+}
+
+// The spelling of the names: "Anio", "Dia", "Telefono".
+Text WithoutAccents(const Text& text) {
+  constexpr TextView kAccented = u"áéíóúñ";
+  constexpr TextView kPlain = u"aeioun";
+  Text plain;
+  for (const char16_t c : text) {
+    const auto found = kAccented.find(c);
+    plain += found == TextView::npos ? c : kPlain[found];
+    if (c == u'ñ') plain += u'i';
+  }
+  return plain.substr(0, plain.find_last_not_of(u' ') + 1);
+}
+
+// `text_of` gives the component's own words for a code; empty where it has none.
+template <class TextOf>
+void ExpectDescribed(REFGUID enumeration, TextOf text_of) {
+  const auto library = OwnLibrary();
+  ASSERT_TRUE(library);
+  ComPtr<ITypeInfo> info;
+  ASSERT_EQ(library->GetTypeInfoOfGuid(enumeration, info.Receive()), S_OK);
+  int described = 0;
+  VARDESC* variable = nullptr;
+  for (UINT i = 0; SUCCEEDED(info->GetVarDesc(i, &variable)); ++i) {
+    const Text expected = text_of(static_cast<int>(V_I4(variable->lpvarValue)));
+    BSTR help = nullptr;
+    info->GetDocumentation(variable->memid, nullptr, &help, nullptr, nullptr);
+    const Text text = TakeText(help);
+    info->ReleaseVarDesc(variable);
+    if (expected.empty()) continue;
+    EXPECT_EQ(text, WithoutAccents(expected));
+    ++described;
+  }
+  EXPECT_GT(described, 0);
+}
+
+constexpr GUID kDatos = {
+    0x475dc48d, 0x0d2d, 0x46dc, {0x8a, 0x70, 0x6d, 0x66, 0x66, 0xf1, 0xdf, 0xd6}};
+constexpr GUID kConstants = {
+    0x4f0f30d5, 0x52fb, 0x4333, {0xa8, 0xfa, 0xeb, 0x60, 0x8f, 0xd7, 0x12, 0xa8}};
+constexpr GUID kCases = {
+    0xf132d898, 0xa6c5, 0x45d0, {0xbe, 0x79, 0x19, 0xf2, 0x5d, 0xee, 0x3f, 0xf2}};
+
 class TypeInfoTest : public HostTest {};
+
+TEST_F(TypeInfoTest, CodesAreDescribedInTheWordsOfTheComponent) {
+  const auto config = NewConfig();
+  const auto unless_none = [](const Text& text) { return text == u"No parametro" ? Text() : text; };
+  ExpectDescribed(kDatos, [&](int code) {
+    return unless_none(Read(config, &Cfg::ObtDescDATO, Code<emParamDato>(code)));
+  });
+  ExpectDescribed(kConstants, [&](int code) {
+    return unless_none(Read(config, &Cfg::ObtDescCTE, Code<emParamDatoConstante>(code)));
+  });
+  ExpectDescribed(kCases,
+                  [&](int code) { return Read(config, &Cfg::ObtNombreCaso, Code<emCasos>(code)); });
+}
 
 TEST_F(TypeInfoTest, EveryObjectDescribesItsInterfaceAndItsClass) {
   struct Row {
