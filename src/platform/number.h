@@ -1,7 +1,6 @@
 // Which texts count as a number, and which whole number they stand for.
 #pragma once
 
-#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <optional>
@@ -42,8 +41,7 @@ inline std::int32_t ReadTwoDigits(const char16_t* text) {
   std::uint32_t both = 0;
   std::memcpy(&both, text, sizeof both);
   if ((both & (both + 0x0006'0006) & 0xFFF0'FFF0) == 0x0030'0030) [[likely]] {
-    constexpr std::uint32_t kTenTimesFirstPlusSecond =
-        std::endian::native == std::endian::little ? 10 << 16 | 1 : 10 | 1 << 16;
+    constexpr std::uint32_t kTenTimesFirstPlusSecond = 10 << 16 | 1;  // the first is the low half
     return static_cast<std::int32_t>((both & 0x000F'000F) * kTenTimesFirstPlusSecond >> 16);
   }
   return ReadFewDigits({text, 2});

@@ -66,9 +66,12 @@ LineError clsLlamadaTRD::TryAjustaDuracionPorRestaFechas() {
   return LineError::kNone;
 }
 
-bool clsLlamadaTRD::EsValido() const {
-  return type_ != emLlamadaIndefinida && !Emisor().empty() && !Receptor().empty() &&
-         Start().Anio > 0 && Start().Mes > 0 && Start().Dia > 0;
+NoCall clsLlamadaTRD::Lack() const {
+  if (type_ == emLlamadaIndefinida) return NoCall::kUnknownType;
+  if (Emisor().empty()) return NoCall::kNoCaller;
+  if (Receptor().empty()) return NoCall::kNoCallee;
+  const bool has_date = Start().Anio > 0 && Start().Mes > 0 && Start().Dia > 0;
+  return has_date ? NoCall::kNone : NoCall::kNoDate;
 }
 
 void clsLlamadaTRD::CopiaLlamada(const clsLlamadaTRD& other) {

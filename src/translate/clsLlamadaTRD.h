@@ -11,6 +11,7 @@
 #include "translate/bounded_text.h"
 #include "translate/enums.h"
 #include "translate/line_error.h"
+#include "translate/verdict.h"
 
 namespace conmuta {
 
@@ -131,7 +132,9 @@ class clsLlamadaTRD {
   [[nodiscard]] LineError TryAjustaDuracionPorRestaFechas();
 
   // Whether the call can be billed: type defined, both parties and the date known.
-  bool EsValido() const;
+  bool EsValido() const { return Lack() == NoCall::kNone; }
+  // The first of these that it lacks; kNone when it can be billed.
+  NoCall Lack() const;
 
   void CopiaLlamada(const clsLlamadaTRD& other);
 

@@ -8,27 +8,32 @@ TextView WithoutLeadingLineEnds(TextView text) {
   return text;
 }
 
-// What a record lacks to be a call, in the order in which that is asked.
-NoCall Lack(const clsLlamadaTRD& call) {
-  if (call.TipoLlamada() == emLlamadaIndefinida) return NoCall::kUnknownType;
-  if (call.Emisor().empty()) return NoCall::kNoCaller;
-  if (call.Receptor().empty()) return NoCall::kNoCallee;
-  return call.EsValido() ? NoCall::kNone : NoCall::kNoDate;
-}
-
 }  // namespace
 
 clsTradEST::clsTradEST(const Clock& clock) : today_(clock), call_(clock), states_(clock) {}
 
 LineError clsTradEST::Translate(TextView value) {
   line_.Assign(WithoutLeadingLineEnds(value));
-  return TranslateLine();
+  return TranslateUnwatched();
+}
+
+Verdict clsTradEST::Translate(TextView value, LineObserver& observer) {
+  line_.Assign(WithoutLeadingLineEnds(value));
+  Watched watch(observer);
+  Verdict verdict;
+  verdict.error = TranslateLine(watch);
+  verdict.parked = watch.parked();
+  if (verdict.error == LineError::kNone && !call_.EsValido()) {
+    verdict.reason = watch.reason() != NoCall::kNone ? watch.reason() : call_.Lack();
+  }
+  observer.Ended(verdict);
+  return verdict;
 }
 
 void clsTradEST::Conmutador(clsCfgConmut* config) {
   config_ = config;
   plan_.Forget();
-  if (line_.size() != 0) Raise(TranslateLine());
+  if (line_.size() != 0) Raise(TranslateUnwatched());
 }
 
 NoCall clsTradEST::Obstacle() const {
@@ -50,34 +55,24 @@ LineError clsTradEST::Run(const Translation& translation, Watch& watch) {
   return reader.error();
 }
 
-LineError clsTradEST::TranslateLine() {
+template <class Watch>
+LineError clsTradEST::TranslateLine(Watch& watch) {
   call_.Inicializa();
-  if (Obstacle() != NoCall::kNone) return LineError::kNone;
+  if (const NoCall obstacle = Obstacle(); obstacle != NoCall::kNone) {
+    watch.Because(obstacle);
+    return LineError::kNone;
+  }
   const Translation* translation = FindTranslation(config_->Caso());
-  if (translation == nullptr) return LineError::kNone;
-  Unwatched nobody;
-  return Run(*translation, nobody);
+  if (translation == nullptr) {
+    watch.Because(NoCall::kNoTranslation);
+    return LineError::kNone;
+  }
+  return Run(*translation, watch);
 }
 
-Verdict clsTradEST::Translate(TextView value, LineObserver& observer) {
-  line_.Assign(WithoutLeadingLineEnds(value));
-  call_.Inicializa();
-  Verdict verdict;
-  verdict.reason = Obstacle();
-  if (verdict.reason == NoCall::kNone) {
-    if (const Translation* translation = FindTranslation(config_->Caso())) {
-      Watched watch(observer);
-      verdict.error = Run(*translation, watch);
-      verdict.parked = watch.parked();
-      if (verdict.error == LineError::kNone && !call_.EsValido()) {
-        verdict.reason = watch.reason() != NoCall::kNone ? watch.reason() : Lack(call_);
-      }
-    } else {
-      verdict.reason = NoCall::kNoTranslation;
-    }
-  }
-  observer.Ended(verdict);
-  return verdict;
+LineError clsTradEST::TranslateUnwatched() {
+  Unwatched nobody;
+  return TranslateLine(nobody);
 }
 
 void clsTradEST::TraduceEstandar() {

@@ -55,7 +55,9 @@ class clsTradEST {
   NoCall Obstacle() const;
   template <class Watch>
   LineError Run(const Translation& translation, Watch& watch);
-  LineError TranslateLine();
+  template <class Watch>
+  LineError TranslateLine(Watch& watch);
+  LineError TranslateUnwatched();
   void TranslateOnTop(emCasos code);
 
   HeldClock today_;

@@ -10,7 +10,7 @@ namespace conmuta {
 
 enum class LineError : std::uint8_t {
   kNone,
-  kOverflow,         // a number beyond its width, or a slot beyond column 255
+  kOverflow,         // a number beyond its width, or a slot whose position plus size exceed 255
   kInvalidArgument,  // a date beyond the calendar, or an event line too short for its prefix
 };
 

@@ -22,10 +22,10 @@ struct ActiveKinds {
 };
 
 // What a number reads as when there is none; no item's number is negative otherwise.
-inline constexpr std::int32_t kNoNumber = -1;
+inline constexpr std::int32_t kNoNumber = kNoDigits;
 
 // The number of an item with more digits, or of another type; a negative one reads as kNoNumber.
-// kTooLarge for one above `most` or outside 32 bits, and for a place beyond column 255.
+// kTooLarge for one above `most` or outside 32 bits, and for a place beyond reach.
 inline constexpr std::int32_t kTooLarge = kNoNumber - 1;
 [[nodiscard, gnu::noinline]] std::int32_t ReadOtherNumber(const PlannedItem& item,
                                                           const LineText& line, std::int32_t most);

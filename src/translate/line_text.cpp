@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <new>
+#include <utility>
 
 namespace conmuta {
 namespace {
@@ -46,23 +48,28 @@ class Block {
 }  // namespace
 
 void LineText::Assign(TextView text) {
+  const bool fits = text.size() <= capacity_ && !Holds(text);
   const bool gives_back = capacity_ > kOrdinary && text.size() <= kOrdinary;
-  if (text.size() > capacity_ || gives_back || Holds(text)) [[unlikely]] {
+  if (!fits || gives_back) [[unlikely]] {
     const std::size_t capacity = std::max(text.size(), kReach);
-    auto characters = std::make_unique<char16_t[]>(capacity);
-    Copy(text, characters.get());
-    characters_ = std::move(characters);
-    capacity_ = capacity;
-  } else {
-    Clear();
-    Copy(text, characters_.get());
+    std::unique_ptr<char16_t[]> characters(new (std::nothrow) char16_t[capacity]());
+    if (!characters && !fits) throw std::bad_alloc();
+    if (characters) {
+      std::swap(characters_, characters);  // the text may stand in the old ones
+      capacity_ = capacity;
+      size_ = 0;
+      return Take(text);
+    }
   }
-  size_ = text.size();
+  Clear();
+  Take(text);
 }
 
 // To where nothing but NULs are. Digits are looked for in what is copied: looking at the copy would
 // mean waiting for it.
-void LineText::Copy(TextView text, char16_t* to) {
+void LineText::Take(TextView text) {
+  char16_t* to = characters_.get();
+  size_ = text.size();
   digits_.fill(0);
   const auto put_digits = [this](std::size_t begin, unsigned digits) {
     const auto sixteen = static_cast<std::uint16_t>(digits);

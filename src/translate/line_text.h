@@ -42,7 +42,7 @@ class LineText {
   TextView View() const { return {characters_.get(), size_}; }
   std::size_t size() const { return size_; }
 
-  // From a column on, counted from 0; good for kReach columns, whatever the size.
+  // From a column on, counted from 0; good up to column kReach, whatever the size.
   const char16_t* From(std::size_t begin) const { return characters_.get() + begin; }
 
   // The characters at a place, cut at the end of the line.
@@ -64,7 +64,7 @@ class LineText {
   static constexpr std::size_t kOrdinary = 1 << 16;
 
   bool Holds(TextView text) const;
-  void Copy(TextView text, char16_t* to);
+  void Take(TextView text);
   void Clear();
 
   std::unique_ptr<char16_t[]> characters_ = std::make_unique<char16_t[]>(kReach);

@@ -28,6 +28,8 @@ TextView Sentence(NoCall reason) {
       return u"Es una llamada saliente sin número marcado: se descarta.";
     case NoCall::kAccountCode:
       return u"Es un código de cuenta: se guarda para la llamada que sigue.";
+    case NoCall::kListFull:
+      return u"Es un código de cuenta y la lista de espera está llena: se pierde.";
     case NoCall::kUnknownRecord:
       return u"La letra del registro no se conoce: se descarta.";
     case NoCall::kOutsideBlock:
@@ -47,12 +49,20 @@ TextView Sentence(LineError error) {
     case LineError::kNone:
       return u"No hay error.";
     case LineError::kOverflow:
-      return u"Desbordamiento: un número es demasiado grande o un dato pasa de la columna 255.";
+      return u"Desbordamiento: un número es demasiado grande o un dato pasa de la columna 254.";
     case LineError::kInvalidArgument:
       return u"Argumento no válido: una fecha fuera del calendario o una línea de bloque demasiado "
              u"corta.";
   }
   return {};
+}
+
+TextView Sentence(const Verdict& verdict) {
+  if (verdict.error != LineError::kNone) return Sentence(verdict.error);
+  if (verdict.IsCall() && verdict.parked) {
+    return u"La línea da una llamada, que queda en espera del fin de su transferencia.";
+  }
+  return Sentence(verdict.reason);
 }
 
 }  // namespace conmuta

@@ -22,6 +22,7 @@ enum class NoCall : std::uint8_t {
   kNoDate,
   kNoNumber,
   kAccountCode,
+  kListFull,
   kUnknownRecord,
   kOutsideBlock,
   kBlockBegins,
@@ -40,5 +41,6 @@ struct Verdict {
 // One sentence for people, in Spanish.
 TextView Sentence(NoCall reason);
 TextView Sentence(LineError error);
+TextView Sentence(const Verdict& verdict);
 
 }  // namespace conmuta

@@ -33,8 +33,8 @@ struct ConstantRead {
   LineError error = LineError::kNone;
 };
 
-// Told of everything in the order in which it happens; must neither translate nor change the
-// configuration meanwhile.
+// Told of everything in the order in which it happens; must neither throw, nor translate, nor
+// change the configuration meanwhile. An error of the verdict belongs to what was told last.
 class LineObserver {
  public:
   virtual ~LineObserver() = default;

@@ -95,15 +95,17 @@ TEST_F(CfgConmutTest, CasesHaveNames) {
                             u"Caso del Nortel Meridian",
                             u"Caso norstar 0x32 SMDR6",
                             u"Resta de fechas para calcular la duración"};
-  for (int code = -2; code < 10; ++code) {
-    const Text name(code >= 0 && code < 6 ? names[code] : u"");
+  for (const int code : {-2, -1, 0, 1, 2, 3, 4, 5, 77, 1000}) {
+    const bool known = code >= 0 && code < static_cast<int>(std::size(names));
+    const Text name(known ? names[code] : u"");
     auto value = static_cast<emCasos>(code);
     EXPECT_EQ(Read(config, &Cfg::ObtNombreCaso, value), name) << code;
     EXPECT_EQ(Read(config, &Cfg::get_Caso), emCasoEstandar);
   }
   EXPECT_EQ(Read(config, &Cfg::get_Modificado), VARIANT_FALSE);
-  for (int code = -2; code < 10; ++code) {
-    const Text name(code >= 0 && code < 6 ? names[code] : u"");
+  for (const int code : {-2, -1, 0, 1, 2, 3, 4, 5, 77, 1000}) {
+    const bool known = code >= 0 && code < static_cast<int>(std::size(names));
+    const Text name(known ? names[code] : u"");
     auto value = static_cast<emCasos>(code);
     Do(config, &Cfg::put_Caso, &value);
     EXPECT_EQ(Read(config, &Cfg::get_NombreCaso), name) << code;

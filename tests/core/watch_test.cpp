@@ -243,6 +243,24 @@ TEST_F(WatchedLine, TellsThatAFullListParksNothing) {
   EXPECT_FALSE(full.parked);
 }
 
+TEST_F(WatchedLine, TellsThatAnAccountCodeFindsNoRoom) {
+  Use(MeridianColumns().Build());
+  for (int i = 0; i < 100; ++i) {
+    const Text trunk = Text(u"T") + ToText(100000 + i);
+    EXPECT_EQ(ReasonOf(u"A 029 00 DN7447  " + trunk + u" 04/04 15:02 00:00:00 4321"),
+              NoCall::kAccountCode);
+  }
+  EXPECT_EQ(ReasonOf(u"A 029 00 DN7447  T999999 04/04 15:02 00:00:00 4321"), NoCall::kListFull);
+}
+
+TEST_F(WatchedLine, EndsWithWhatAnErrorIsAbout) {
+  Use(FixedColumns().Item(emParamRingHoras, 30, 2).Build());
+  const Notes& notes = Watch(FixedLine{.ring = u"10:05"}.text());
+  EXPECT_EQ(notes.verdict.error, LineError::kOverflow);
+  EXPECT_EQ(notes.items.back().told.kind, emParamRingHoras);
+  EXPECT_EQ(notes.items.back().told.number, 10);
+}
+
 class WatchedCase : public testing::TestWithParam<emCasos> {};
 
 // Same road: calls, errors and what hosts see of the configuration come out alike.
@@ -310,6 +328,17 @@ TEST(VerdictSentence, IsOneOfItsOwnForEachReason) {
        {LineError::kNone, LineError::kOverflow, LineError::kInvalidArgument}) {
     EXPECT_FALSE(Sentence(error).empty());
   }
+}
+
+TEST(VerdictSentence, TellsACallThatWaitsFromOneThatDoesNot) {
+  const Text call(Sentence(Verdict{}));
+  const Text waiting(Sentence(Verdict{.parked = true}));
+  EXPECT_EQ(call, Text(Sentence(NoCall::kNone)));
+  EXPECT_NE(waiting, call);
+  EXPECT_EQ(Text(Sentence(Verdict{.reason = NoCall::kAccountCode, .parked = true})),
+            Text(Sentence(NoCall::kAccountCode)));
+  EXPECT_EQ(Text(Sentence(Verdict{.error = LineError::kOverflow})),
+            Text(Sentence(LineError::kOverflow)));
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 //   template <class Watch> bool Translate(Work<Watch>& work);
 //
 // which fills the call and answers whether it could: false passes on what a member of the reader
-// answered. What it has to remember between lines is its own state. Its source file ends with
-// CONMUTA_TRANSLATION(Class), and translations.h names it.
+// answered. What it has to remember between lines is its own state. CONMUTA_TRANSLATION(Class)
+// stands behind it in its source file, and translations.h names it.
 #pragma once
 
 #include "translate/clsLlamadaTRD.h"
@@ -21,9 +21,11 @@ struct Work {
   clsLlamadaTRD& call;    // cleared, unless a host asked for this translation by its name
   PendingCalls& pending;  // calls that wait for the end of their transfer
 
-  // Puts a copy of the call on the list of those that wait.
-  void Park() {
-    if (pending.Park(call)) line.watch().Parked();
+  // Puts a copy of the call on the list of those that wait; false when that is full.
+  bool Park() {
+    const bool has_room = pending.Park(call);
+    if (has_room) line.watch().Parked();
+    return has_room;
   }
 
   // The slot of the parked call on this call's trunk; 0 when there is none.

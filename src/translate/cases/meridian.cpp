@@ -9,8 +9,7 @@ bool KeepAccountCode(Work<Watch>& work) {
   clsLlamadaTRD& call = work.call;
   if (!work.line.ReadAccountCode(call)) return false;
   call.TipoLlamada(emLlamadaCodigoCuenta);
-  work.Park();
-  work.line.watch().Because(NoCall::kAccountCode);
+  work.line.watch().Because(work.Park() ? NoCall::kAccountCode : NoCall::kListFull);
   call.Inicializa();
   return true;
 }
