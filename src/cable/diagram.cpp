@@ -208,7 +208,8 @@ Diagram DrawCable(emPuertoSerial pair, std::span<const WiringMask> table, const 
     ends_of_right[static_cast<std::size_t>(r)] = ends;
     wire_count += Count(ends);
   }
-  const double plain_width = wire_count > 100 ? 1 : any_chosen ? 1.3 : 2;
+  // Wide enough for a whole pixel wherever it lies: a line that is only half of one pales.
+  const double plain_width = wire_count > 100 ? 1 : 2.4;
 
   for (int l = 1; l <= left.pins(); ++l) {
     const Pin pin{Side::kLeft, l};

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <windowsx.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -309,6 +311,16 @@ class CableWindow final : public Window {
     return true;
   }
 
+  // Where a context menu was asked for; by its key it is asked for nowhere. The title bar has a
+  // menu of its own.
+  bool IsOverClient(LPARAM place) const {
+    if (place == -1) return true;
+    POINT point{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
+    RECT client{};
+    GetClientRect(handle(), &client);
+    return ScreenToClient(handle(), &point) && PtInRect(&client, point);
+  }
+
   bool OnMessage(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) override {
     switch (message) {
       case WM_VSCROLL:
@@ -322,7 +334,7 @@ class CableWindow final : public Window {
         return true;
       case WM_CONTEXTMENU:
         // Fields have a menu of their own; it does not come here.
-        if (!editor_.may_edit()) return false;
+        if (!editor_.may_edit() || !IsOverClient(lparam)) return false;
         ShowCableMenu(view_, lparam, editor_);
         return true;
       case WM_CTLCOLORSTATIC:

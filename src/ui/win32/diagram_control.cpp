@@ -3,11 +3,13 @@
 #include <windowsx.h>
 
 #include <cmath>
+#include <functional>
 #include <optional>
 #include <utility>
 
 #include "ui/win32/controls.h"
 #include "ui/win32/diagram_painter.h"
+#include "ui/win32/gdi.h"
 
 namespace conmuta::win32 {
 namespace {
@@ -103,10 +105,8 @@ void DiagramControl::Paint(WPARAM dc_to_print_on) {
     GetClientRect(control_, &client);
     return PaintDiagram(reinterpret_cast<HDC>(dc_to_print_on), client, desk_);
   }
-  PAINTSTRUCT paint;
-  const HDC dc = BeginPaint(control_, &paint);
-  PaintDiagram(dc, paint.rcPaint, desk_);
-  EndPaint(control_, &paint);
+  const Painting painting(control_);
+  PaintDiagram(painting.dc(), painting.part(), desk_);
 }
 
 // Enter would go to the default button else.
@@ -123,7 +123,8 @@ LRESULT CALLBACK DiagramControl::Procedure(HWND control, UINT message, WPARAM wp
   bool handled = false;
   LRESULT result = 0;
   if (self != nullptr) {
-    self->guard_([&] { handled = self->Handle(message, wparam, lparam, result); });
+    const auto handle = [&] { handled = self->Handle(message, wparam, lparam, result); };
+    self->guard_(std::ref(handle));  // by reference, or there would be an allocation before it
   }
   return handled ? result : DefWindowProcW(control, message, wparam, lparam);
 }
@@ -141,7 +142,8 @@ bool DiagramControl::Handle(UINT message, WPARAM wparam, LPARAM lparam, LRESULT&
       Resize();
       break;
     case WM_GETDLGCODE:
-      result = DLGC_WANTARROWS | (WantsKey(lparam) ? DLGC_WANTMESSAGE : 0);
+      // With characters, or a plain "c" would press "Cancelar" and drop every edit.
+      result = DLGC_WANTARROWS | DLGC_WANTCHARS | (WantsKey(lparam) ? DLGC_WANTMESSAGE : 0);
       return true;
     case WM_LBUTTONDOWN:
       SetFocus(control_);

@@ -1,5 +1,7 @@
 #include "ui/win32/frame_control.h"
 
+#include <new>
+
 #include "ui/win32/controls.h"
 #include "ui/win32/gdi.h"
 
@@ -32,9 +34,11 @@ LRESULT CALLBACK Procedure(HWND frame, UINT message, WPARAM wparam, LPARAM lpara
     case WM_ERASEBKGND:
       return 1;
     case WM_PAINT: {
-      PAINTSTRUCT paint;
-      Paint(frame, BeginPaint(frame, &paint));
-      EndPaint(frame, &paint);
+      const Painting painting(frame);
+      try {
+        Paint(frame, painting.dc());
+      } catch (const std::bad_alloc&) {  // a frame without its caption
+      }
       return 0;
     }
     case WM_SETTEXT: {

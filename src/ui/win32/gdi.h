@@ -46,6 +46,23 @@ class Selection {
   HGDIOBJ previous_;
 };
 
+// Paints what of a window has to be painted, for as long as it lives.
+class Painting {
+ public:
+  explicit Painting(HWND window) : window_(window), dc_(BeginPaint(window, &paint_)) {}
+  ~Painting() { EndPaint(window_, &paint_); }
+  Painting(const Painting&) = delete;
+  Painting& operator=(const Painting&) = delete;
+
+  HDC dc() const { return dc_; }
+  const RECT& part() const { return paint_.rcPaint; }
+
+ private:
+  HWND window_;
+  PAINTSTRUCT paint_{};
+  HDC dc_;
+};
+
 // The system's message font, and a fixed-pitch one of that height in pixels.
 Font MessageFont(UINT dpi);
 Font FixedPitchFont(int height);

@@ -1,5 +1,7 @@
 #include "ui/win32/modal.h"
 
+#include <new>
+
 #include "ui/win32/controls.h"
 
 namespace conmuta::win32 {
@@ -38,8 +40,12 @@ OtherWindowsDisabled::~OtherWindowsDisabled() {
 
 void OtherWindowsDisabled::Disable(HWND window) {
   if (window == ours_ || !IsWindowVisible(window) || !IsWindowEnabled(window)) return;
+  try {
+    disabled_.push_back(window);
+  } catch (const std::bad_alloc&) {
+    return;  // it could not be enabled again
+  }
   EnableWindow(window, FALSE);
-  disabled_.push_back(window);
 }
 
 }  // namespace conmuta::win32
