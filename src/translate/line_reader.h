@@ -186,6 +186,7 @@ class LineReader {
   bool ReadParties(clsLlamadaTRD& call, const CallSlots* slots);
   bool Identifies(const TypeIdentifiers& row, bool& identified);
 
+  ItemRead About(emParamDato kind, const PlannedItem& item) const;
   void TellNumber(emParamDato kind, const PlannedItem& item, std::int32_t number);
   void TellText(emParamDato kind, const PlannedItem& item, TextView text);
   void TellLook(emParamDatoConstante kind, const PlannedConstant& constant, bool stands);

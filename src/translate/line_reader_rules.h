@@ -160,32 +160,33 @@ bool LineReader<Watch>::ReadParties(clsLlamadaTRD& call, const CallSlots* slots)
 }
 
 template <class Watch>
+ItemRead LineReader<Watch>::About(emParamDato kind, const PlannedItem& item) const {
+  ItemRead about;
+  about.kind = kind;
+  about.defined = item.IsDefined();
+  about.pos = about.defined ? item.begin + 1 : 0;
+  about.size = item.size;
+  about.found = line_.Cut(item.begin, item.size);
+  about.error = error_;
+  return about;
+}
+
+template <class Watch>
 void LineReader<Watch>::TellNumber(emParamDato kind, const PlannedItem& item, std::int32_t number) {
   if constexpr (Watch::kWatches) {
-    watch_.Read({.kind = kind,
-                 .defined = item.IsDefined(),
-                 .pos = item.IsDefined() ? item.begin + 1 : 0,
-                 .size = item.size,
-                 .found = line_.Cut(item.begin, item.size),
-                 .is_number = true,
-                 .number = number,
-                 .text = {},
-                 .error = error_});
+    ItemRead read = About(kind, item);
+    read.is_number = true;
+    read.number = number;
+    watch_.Read(read);
   }
 }
 
 template <class Watch>
 void LineReader<Watch>::TellText(emParamDato kind, const PlannedItem& item, TextView text) {
   if constexpr (Watch::kWatches) {
-    watch_.Read({.kind = kind,
-                 .defined = item.IsDefined(),
-                 .pos = item.IsDefined() ? item.begin + 1 : 0,
-                 .size = item.size,
-                 .found = line_.Cut(item.begin, item.size),
-                 .is_number = false,
-                 .number = 0,
-                 .text = text,
-                 .error = error_});
+    ItemRead read = About(kind, item);
+    read.text = text;
+    watch_.Read(read);
   }
 }
 
