@@ -196,7 +196,7 @@ TEST(Allocation, OfAGiantLineIsGivenBackWithTheNextOne) {
   desk.Translate(good);
   const std::int64_t before = bytes_in_use;
   desk.Translate(Text(16'000'000, u'7'));
-  EXPECT_GE(bytes_in_use - before, 32'000'000);
+  EXPECT_GE(bytes_in_use - before, 30'000'000);
   EXPECT_EQ(desk.translator.Llamada().size(), 16'000'000u);
   desk.Translate(good);
   EXPECT_LT(bytes_in_use - before, 100'000);
