@@ -63,7 +63,6 @@ class SilentView final : public frmConmutador::View {
   void Busy(bool) override {}
   int ShowMessage(TextView, int, TextView) override { return 0; }
   std::optional<Text> OpenFile(const OpenFileDialog&) override { return std::nullopt; }
-  void EditCable(clsCfgConmut&) override {}
   void Run(frmConmutador&) override {}
   void Close() override {}
 };
@@ -75,7 +74,7 @@ double Scan(int count) {
   const Platform platform{files, system.clock, system.code_page, system.profiles};
   const auto spent = BestOfTurns({[&] {
     SilentView view;
-    frmConmutador manager(platform, view, [] {});
+    frmConmutador manager(platform, view, {});
     manager.Prefijo(u"cnm");
     manager.Extension(u"cfg");
     manager.Directorio(u"C:\\");
