@@ -18,7 +18,8 @@ namespace conmuta {
 template <class Source>
 class MinuteClock final : public Clock {
  public:
-  explicit MinuteClock(Source source = {}) : source_(std::move(source)) {}
+  template <class... Arguments>
+  explicit MinuteClock(Arguments&&... arguments) : source_(std::forward<Arguments>(arguments)...) {}
 
   CivilDate Today() const override {
     const auto minute = static_cast<std::uint32_t>(source_.Minute());

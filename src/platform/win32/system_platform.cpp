@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 
 #include "platform/minute_clock.h"
 #include "platform/platform.h"
@@ -10,13 +11,18 @@
 namespace conmuta {
 namespace {
 
+// The system's time costs a call, its count of ticks a look at memory: the time is asked for only
+// when the ticks have moved, every 16 milliseconds or less.
 class WindowsTime {
  public:
   std::int64_t Minute() const {
-    constexpr std::int64_t kTicksPerMinute = 600'000'000;
-    FILETIME now;
-    GetSystemTimeAsFileTime(&now);
-    return (std::int64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime) / kTicksPerMinute;
+    const std::uint64_t ticks = GetTickCount64() & kTicks;
+    std::uint64_t known = known_.load(std::memory_order_relaxed);
+    if ((known & kTicks) != ticks || known == 0) {
+      known = static_cast<std::uint64_t>(MinuteNow()) << kTickBits | ticks;
+      known_.store(known, std::memory_order_relaxed);
+    }
+    return static_cast<std::int64_t>(known >> kTickBits);
   }
 
   CivilDate Today() const {
@@ -24,6 +30,20 @@ class WindowsTime {
     GetLocalTime(&now);
     return {now.wYear, now.wMonth, now.wDay};
   }
+
+ private:
+  static constexpr unsigned kTickBits = 40;  // 34 years; what is left holds as many minutes
+  static constexpr std::uint64_t kTicks = (std::uint64_t{1} << kTickBits) - 1;
+
+  static std::int64_t MinuteNow() {
+    constexpr std::int64_t kUnitsPerMinute = 600'000'000;
+    FILETIME now;
+    GetSystemTimeAsFileTime(&now);
+    return (std::int64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime) / kUnitsPerMinute;
+  }
+
+  // Minute and ticks of the last look at the time, in one word for all threads.
+  mutable std::atomic<std::uint64_t> known_ = 0;
 };
 
 // The system's ANSI code page.
