@@ -23,6 +23,7 @@ int main() {
   const Lines lines = MadeUpLines();
   MeasureStandardCase(lines);
   MeasureCaptures();
+  MeasureWatching(lines);
   MeasureErrors();
   MeasureParkedCalls();
   CountAllocations(lines);

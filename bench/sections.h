@@ -7,6 +7,7 @@ namespace conmuta::bench {
 
 void MeasureStandardCase(const Lines& lines);  // beside the parser written by hand
 void MeasureCaptures();
+void MeasureWatching(const Lines& lines);
 void MeasureErrors();
 void MeasureParkedCalls();
 void CountAllocations(const Lines& lines);

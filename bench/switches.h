@@ -21,6 +21,7 @@ class Translator {
 
   // False when the line ended in an error; cut and glued lines of a capture do.
   bool Translate(TextView line) { return translator_.Translate(line) == LineError::kNone; }
+  void Watch(TextView line, LineObserver& observer) { translator_.Translate(line, observer); }
   void Translate(const Lines& lines) {
     for (std::size_t i = 0; i < lines.size(); ++i) Translate(lines[i]);
   }
