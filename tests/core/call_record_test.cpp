@@ -326,7 +326,8 @@ void FillAll(clsLlamadaTRD& call) {
   call.Ring(99);
   call.TipoLlamada(emLlamadaInterTroncal);
   call.Atributos(emAtributoEnTransferencia);
-  for (const Field& field : kFields) field.set(call, Text(1, u'a') + Text(1, value++));
+  char16_t letter = u'a';
+  for (const Field& field : kFields) field.set(call, Text(1, u'a') + Text(1, ++letter));
 }
 
 TEST(CallRecord, InicializaClearsEverything) {

@@ -213,7 +213,7 @@ TEST_F(Version2, ReservedBytesDoNotMatter) {
 TEST_F(Version2, OtherLengthsAreRefused) {
   Name();
   const std::string bytes = SwitchFile2().Bytes();
-  for (const std::size_t length : {0, 4, 371, 659, 660, 785}) {
+  for (const std::size_t length : {0u, 4u, 371u, 659u, 660u, 785u}) {
     SCOPED_TRACE(length);
     ExpectRefused(bytes.substr(0, length));
   }

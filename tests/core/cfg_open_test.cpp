@@ -338,7 +338,7 @@ TEST_F(ConfigOpen, LastCharacterIsEnoughOfAText) {
 
 TEST_F(ConfigOpen, GarbageIsRefused) {
   test::Fill(config, test::FullFile());
-  for (const std::size_t size : {0, 1, 659, 660, 785, 786, 787, 5000}) {
+  for (const std::size_t size : {0u, 1u, 659u, 660u, 785u, 786u, 787u, 5000u}) {
     SCOPED_TRACE(size);
     std::string bytes(size, '\xAA');
     for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<char>(i * 167 + 13);

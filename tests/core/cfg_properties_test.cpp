@@ -17,8 +17,8 @@ using test::Snapshot;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t kLowestId = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t kHighestId = std::numeric_limits<std::int32_t>::max();
 
 TEST(FreshConfiguration, IsEmptyAndOfTheStandardCase) {
   ConfigBench bench;
@@ -187,7 +187,7 @@ TEST(HayConfig, NeedsCaseBrandAndModel) {
 
 TEST(ConfigCase, TakesAnyCode) {
   ConfigBench bench;
-  for (const std::int32_t code : {kLowest, -1, 0, 5, 6, 9, kHighest}) {
+  for (const std::int32_t code : {kLowestId, -1, 0, 5, 6, 9, kHighestId}) {
     const auto value = static_cast<emCasos>(code);
     bench.config.Caso(value);
     EXPECT_EQ(bench.config.Caso(), code);
@@ -219,7 +219,7 @@ TEST(ConfigCase, WritingTheDefaultChangesNothing) {
 
 TEST(IDCfg, IsAPlainValueThatOutlivesIniciar) {
   ConfigBench bench;
-  for (const std::int32_t id : {kLowest, -1, 7, kHighest}) {
+  for (const std::int32_t id : {kLowestId, -1, 7, kHighestId}) {
     bench.config.IDCfg(id);
     bench.config.Iniciar();
     EXPECT_EQ(bench.config.IDCfg(), id);

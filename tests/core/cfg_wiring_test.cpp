@@ -18,8 +18,8 @@ using test::Snapshot;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::int16_t kLowest = std::numeric_limits<std::int16_t>::min();
-constexpr std::int16_t kHighest = std::numeric_limits<std::int16_t>::max();
+constexpr std::int16_t kLowestPin = std::numeric_limits<std::int16_t>::min();
+constexpr std::int16_t kHighestPin = std::numeric_limits<std::int16_t>::max();
 
 emPuertoSerial Pair(int code) {
   return static_cast<emPuertoSerial>(code);
@@ -110,8 +110,8 @@ TEST_F(ConfigWiring, PairTwoWiresBeyondPinNineWhenThePinComesFromAnotherPair) {
 TEST_F(ConfigWiring, PinsAreStoredExactlyWithinTheLeftConnector) {
   for (const int pair : {-2147483647 - 1, -1, 0, 1, 2, 3, 4, 5, 7, 2147483647}) {
     for (const std::int16_t pin :
-         {kLowest, std::int16_t{-1}, std::int16_t{0}, std::int16_t{1}, std::int16_t{9},
-          std::int16_t{10}, std::int16_t{25}, std::int16_t{26}, kHighest}) {
+         {kLowestPin, std::int16_t{-1}, std::int16_t{0}, std::int16_t{1}, std::int16_t{9},
+          std::int16_t{10}, std::int16_t{25}, std::int16_t{26}, kHighestPin}) {
       SCOPED_TRACE(testing::Message() << "pair " << pair << ", pin " << pin);
       ConfigBench bench;
       bench.config.PuertoActivo(Pair(pair));
@@ -132,7 +132,7 @@ TEST_F(ConfigWiring, RefusedPinKeepsTheOneBefore) {
   config.PuertoActivo(emPuertoSerialDB9DB9);
   config.PinIZQ(4);
   config.PinDER(5);
-  for (const std::int16_t pin : {kLowest, std::int16_t{0}, std::int16_t{10}, kHighest}) {
+  for (const std::int16_t pin : {kLowestPin, std::int16_t{0}, std::int16_t{10}, kHighestPin}) {
     config.PinIZQ(pin);
     config.PinDER(pin);
   }

@@ -50,7 +50,7 @@ TEST_F(Files, WrittenBytesReadBack) {
 TEST_F(Files, ReadingStopsAtTheLimit) {
   const Text path = folder_.Path(u"a.cfg");
   Put(path, "0123456789");
-  for (const std::size_t limit : {0, 1, 9, 10, 11}) {
+  for (const std::size_t limit : {0u, 1u, 9u, 10u, 11u}) {
     const auto content = files_.Read(path, limit);
     ASSERT_TRUE(content);
     EXPECT_EQ(content->size, 10u);

@@ -17,7 +17,7 @@ using basConmuta::VerificaConstante;
 using test::Ascii;
 using test::ConfigBuilder;
 
-constexpr emParamDatoConstante kKind = emDatoCteIdentEntrante;
+constexpr emParamDatoConstante kConstant = emDatoCteIdentEntrante;
 
 struct ConstantInLine {
   int pos;
@@ -34,8 +34,8 @@ class VerificaConstanteText : public testing::TestWithParam<ConstantInLine> {};
 
 TEST_P(VerificaConstanteText, IsComparedCharacterByCharacter) {
   const ConstantInLine& row = GetParam();
-  const auto config = ConfigBuilder().Constant(kKind, row.pos, row.constant).Build();
-  EXPECT_EQ(VerificaConstante(kKind, *config, row.line), row.stands);
+  const auto config = ConfigBuilder().Constant(kConstant, row.pos, row.constant).Build();
+  EXPECT_EQ(VerificaConstante(kConstant, *config, row.line), row.stands);
 }
 
 INSTANTIATE_TEST_SUITE_P(Places, VerificaConstanteText,
@@ -76,7 +76,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ConstantInLine{1, u"AB", Text(u"A\0B", 3), false}));
 
 TEST(VerificaConstante, WithoutSlotIsFalse) {
-  const auto config = ConfigBuilder().Constant(kKind, 1, u"A").Build();
+  const auto config = ConfigBuilder().Constant(kConstant, 1, u"A").Build();
   for (const int kind : {-1, 0, 1, 3, 5, 24, std::numeric_limits<int>::max()}) {
     EXPECT_FALSE(VerificaConstante(static_cast<emParamDatoConstante>(kind), *config, u"A")) << kind;
     EXPECT_EQ(config->CTEActivo(), kind);
@@ -84,56 +84,57 @@ TEST(VerificaConstante, WithoutSlotIsFalse) {
 }
 
 TEST(VerificaConstante, OfAReleasedSlotIsFalse) {
-  const auto config = ConfigBuilder().Constant(kKind, 1, u"A").Build();
-  ASSERT_TRUE(VerificaConstante(kKind, *config, u"A"));
+  const auto config = ConfigBuilder().Constant(kConstant, 1, u"A").Build();
+  ASSERT_TRUE(VerificaConstante(kConstant, *config, u"A"));
   config->Constante(u"");
-  EXPECT_FALSE(VerificaConstante(kKind, *config, u"A"));
-  EXPECT_FALSE(VerificaConstante(kKind, *config, u""));
+  EXPECT_FALSE(VerificaConstante(kConstant, *config, u"A"));
+  EXPECT_FALSE(VerificaConstante(kConstant, *config, u""));
   config->Constante(u"A");
   config->CTEPos(0);
-  EXPECT_FALSE(VerificaConstante(kKind, *config, u"A"));
+  EXPECT_FALSE(VerificaConstante(kConstant, *config, u"A"));
 }
 
 // Hosts can write a size that is not the constant's: then as many characters are compared.
 TEST(VerificaConstante, OfAnotherSizeThanItsTextIsFalse) {
-  const auto config = ConfigBuilder().Constant(kKind, 1, u"AB").Build();
+  const auto config = ConfigBuilder().Constant(kConstant, 1, u"AB").Build();
   for (const int size : {0, 1, 3, 20}) {
     config->CTETam(static_cast<std::uint8_t>(size));
     ASSERT_TRUE(config->HayCTE());
-    EXPECT_FALSE(VerificaConstante(kKind, *config, u"AB")) << size;
-    EXPECT_FALSE(VerificaConstante(kKind, *config, u"ABCDEFGHIJKLMNOPQRSTUVWXYZ")) << size;
-    EXPECT_FALSE(VerificaConstante(kKind, *config, u"")) << size;
+    EXPECT_FALSE(VerificaConstante(kConstant, *config, u"AB")) << size;
+    EXPECT_FALSE(VerificaConstante(kConstant, *config, u"ABCDEFGHIJKLMNOPQRSTUVWXYZ")) << size;
+    EXPECT_FALSE(VerificaConstante(kConstant, *config, u"")) << size;
   }
   config->CTETam(2);
-  EXPECT_TRUE(VerificaConstante(kKind, *config, u"AB"));
+  EXPECT_TRUE(VerificaConstante(kConstant, *config, u"AB"));
 }
 
 TEST(VerificaConstante, PositionPlusSizeBeyond255Overflows) {
-  const auto config = ConfigBuilder().Constant(kKind, 1, u"A").Build();
+  const auto config = ConfigBuilder().Constant(kConstant, 1, u"A").Build();
   for (const auto& [pos, size] : {std::pair(255, 1), std::pair(1, 255), std::pair(235, 21)}) {
     config->CTEPos(static_cast<std::uint8_t>(pos));
     config->CTETam(static_cast<std::uint8_t>(size));
     for (const Text& line : {Text(), Text(u"A"), Text(600, u'A')}) {
-      EXPECT_THROW(VerificaConstante(kKind, *config, line), OverflowError) << pos << ',' << size;
+      EXPECT_THROW(VerificaConstante(kConstant, *config, line), OverflowError)
+          << pos << ',' << size;
     }
   }
 }
 
 TEST(VerificaConstante, PositionPlusSizeOf255IsCompared) {
-  const auto config = ConfigBuilder().Constant(kKind, 254, u"A").Build();
-  EXPECT_TRUE(VerificaConstante(kKind, *config, Text(254, u'A')));
-  EXPECT_FALSE(VerificaConstante(kKind, *config, Text(253, u'A')));
+  const auto config = ConfigBuilder().Constant(kConstant, 254, u"A").Build();
+  EXPECT_TRUE(VerificaConstante(kConstant, *config, Text(254, u'A')));
+  EXPECT_FALSE(VerificaConstante(kConstant, *config, Text(253, u'A')));
   config->CTEPos(255);
   config->CTETam(0);
-  EXPECT_FALSE(VerificaConstante(kKind, *config, Text(300, u'A')));
+  EXPECT_FALSE(VerificaConstante(kConstant, *config, Text(300, u'A')));
 }
 
 TEST(VerificaConstante, AddressesItsKindAndChangesNothingElse) {
-  const auto config = ConfigBuilder().Constant(kKind, 3, u"AB").Build();
+  const auto config = ConfigBuilder().Constant(kConstant, 3, u"AB").Build();
   config->DATOActivo(emParamFechaMes);
   config->CTEActivo(emNoParamDatoConstante);
-  EXPECT_TRUE(VerificaConstante(kKind, *config, u"  AB"));
-  EXPECT_EQ(config->CTEActivo(), kKind);
+  EXPECT_TRUE(VerificaConstante(kConstant, *config, u"  AB"));
+  EXPECT_EQ(config->CTEActivo(), kConstant);
   EXPECT_EQ(config->DATOActivo(), emParamFechaMes);
   EXPECT_EQ(config->CTEPos(), 3);
   EXPECT_EQ(config->CTETam(), 2);

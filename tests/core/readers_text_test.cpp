@@ -17,15 +17,15 @@ using basConmuta::LeeDatoTexto;
 using test::Ascii;
 using test::ConfigBuilder;
 
-constexpr emParamDato kKind = emParamCodigoCuenta;
+constexpr emParamDato kItem = emParamCodigoCuenta;
 
-Text Read(clsCfgConmut& config, TextView line, emParamDato kind = kKind) {
+Text Read(clsCfgConmut& config, TextView line, emParamDato kind = kItem) {
   FieldBuffer buffer;
   return Text(LeeDatoTexto(kind, config, line, buffer));
 }
 
 Text Read(int pos, int size, emTipoDato type, TextView line) {
-  const auto config = ConfigBuilder().Item(kKind, pos, size, type).Build();
+  const auto config = ConfigBuilder().Item(kItem, pos, size, type).Build();
   return Read(*config, line);
 }
 
@@ -88,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(
                     CutField{1, 5, static_cast<emTipoDato>(-1), u"12:05", u"12:05"}));
 
 TEST(LeeDatoTexto, WithoutSlotIsEmpty) {
-  const auto config = ConfigBuilder().TextItem(kKind, 1, 5).Build();
+  const auto config = ConfigBuilder().TextItem(kItem, 1, 5).Build();
   for (const int kind : {-1, 0, 1, 16, 18, 54, std::numeric_limits<int>::max()}) {
     EXPECT_EQ(Read(*config, u"12345", static_cast<emParamDato>(kind)), u"") << kind;
     EXPECT_EQ(config->DATOActivo(), kind);
@@ -96,11 +96,11 @@ TEST(LeeDatoTexto, WithoutSlotIsEmpty) {
 }
 
 TEST(LeeDatoTexto, OfAReleasedSlotIsEmptyWhateverItHolds) {
-  const auto config = ConfigBuilder().Item(kKind, 1, 5, emNoDefinido).Build();
+  const auto config = ConfigBuilder().Item(kItem, 1, 5, emNoDefinido).Build();
   EXPECT_EQ(Read(*config, u"12345"), u"");
-  test::DefineItem(*config, kKind, 255, 255, emNoDefinido);
+  test::DefineItem(*config, kItem, 255, 255, emNoDefinido);
   EXPECT_EQ(Read(*config, u"12345"), u"");
-  test::DefineItem(*config, kKind, 1, 5);
+  test::DefineItem(*config, kItem, 1, 5);
   EXPECT_EQ(Read(*config, u"12345"), u"12345");
   config->DATOTam(0);
   EXPECT_EQ(Read(*config, u"12345"), u"");
@@ -134,12 +134,12 @@ TEST(LeeDatoTexto, AddressesItsKindAndChangesNothingElse) {
     void Cambios() override { ++count; }
     int count = 0;
   } events;
-  const auto config = ConfigBuilder().TextItem(kKind, 2, 3).Build();
+  const auto config = ConfigBuilder().TextItem(kItem, 2, 3).Build();
   config->Listen(&events);
   config->CTEActivo(emDatoCteIdentEntrante);
   config->DATOActivo(emNoParamDato);
   Read(*config, u"12345");
-  EXPECT_EQ(config->DATOActivo(), kKind);
+  EXPECT_EQ(config->DATOActivo(), kItem);
   EXPECT_EQ(config->CTEActivo(), emDatoCteIdentEntrante);
   EXPECT_EQ(config->DATOPos(), 2);
   EXPECT_EQ(config->DATOTam(), 3);

@@ -87,7 +87,7 @@ TEST_F(PosixFiles, ReadOnlyFileIsReadAndLeftAlone) {
 TEST_F(PosixFiles, FullDiskLeavesNoHalfWrittenFile) {
   const fs::path full = "/dev/full";
   const Text path = folder_.Path(u"a.cfg");
-  for (const std::size_t size : {1, 100000}) {  // fails on closing, fails on writing
+  for (const std::size_t size : {1u, 100000u}) {  // fails on closing, fails on writing
     fs::create_symlink(full, fs::path(path));
     EXPECT_FALSE(files_.Write(path, std::string(size, 'x')));
     EXPECT_FALSE(fs::exists(fs::symlink_status(fs::path(path))));
