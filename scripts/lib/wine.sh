@@ -60,8 +60,9 @@ use_wine() {
   export WINEPREFIX=$project/build/wine/$prefix WINEARCH=$size
   export WINESERVER=/usr/lib/wine/wineserver${size#win}
   export WINEDEBUG=${WINEDEBUG:--all} LC_ALL=$locale
-  # No offers to install .NET or a browser engine; no entries in the user's menus.
-  export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
+  # No offers to install .NET or a browser engine; no entries in the user's menus; no debugger that
+  # waits beside a program that has crashed.
+  export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe,winedbg.exe=d"
   unset LANGUAGE
 }
 
