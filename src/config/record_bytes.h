@@ -66,7 +66,7 @@ class RecordReader {
   }
 
   Text TakeText(std::size_t width) {
-    const Text text = code_page_.FromBytes(bytes_.substr(0, width));
+    Text text = code_page_.FromBytes(bytes_.substr(0, width));
     bytes_.remove_prefix(width);
     return text;
   }

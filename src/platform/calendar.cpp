@@ -21,18 +21,15 @@ int FullYear(int year) {
   return year < 30 ? 2000 + year : 1900 + year;
 }
 
-// Day number of the first of a month, counted from January of the year 0. A year begins with March
-// here, so that the leap day is its last.
+// Day number of the first of a month, counted from January of the year 0. The calendar repeats
+// itself every 400 years; within them it is the library's.
 std::int64_t FirstOfMonth(std::int64_t month) {
-  const std::int64_t from_march = month - 2;
-  const std::int64_t year = from_march >= 0 ? from_march / 12 : (from_march - 11) / 12;
-  const std::int64_t days_before = (153 * (from_march - year * 12) + 2) / 5;
-  const std::int64_t century = year >= 0 ? year / 400 : (year - 399) / 400;
-  const std::int64_t in_cycle = year - century * 400;
+  constexpr std::int64_t kMonthsOfCycle = 400 * 12;
   constexpr std::int64_t kDaysOfCycle = 146097;
-  constexpr std::int64_t kFirstOfMarchOfYear0 = -693899;
-  return kFirstOfMarchOfYear0 + century * kDaysOfCycle + in_cycle * 365 + in_cycle / 4 -
-         in_cycle / 100 + days_before;
+  const std::int64_t cycle = (month >= 0 ? month : month - (kMonthsOfCycle - 1)) / kMonthsOfCycle;
+  const auto in_cycle = static_cast<int>(month - cycle * kMonthsOfCycle);
+  const sys_days first{std::chrono::year{in_cycle / 12} / (in_cycle % 12 + 1) / 1};
+  return (first - kDayZero).count() + cycle * kDaysOfCycle;
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ struct CivilDate {
   int day;    // 1 to 31
 };
 
-inline constexpr std::int64_t kSecondsPerDay = 24 * 60 * 60;
+inline constexpr std::int64_t kSecondsPerDay = std::int64_t{24} * 60 * 60;
 
 // Day number (days since 30 December 1899) of a date whose month and day may lie outside the
 // calendar: month 13 is January of the next year, day 0 the last day of the month before. The

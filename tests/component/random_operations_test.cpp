@@ -2,10 +2,10 @@
 #include <map>
 #include <random>
 
-#include "config_model.h"
 #include "host_test.h"
 #include "scratch_files.h"
 #include "sink.h"
+#include "support/naive_config.h"
 
 namespace conmuta::test {
 namespace {
@@ -23,7 +23,7 @@ class RandomOperations {
   }
 
  private:
-  using Slot = ConfigModel::Slot;
+  using Slot = NaiveConfig::Slot;
 
   int Number(int low, int high) { return std::uniform_int_distribution<int>(low, high)(random_); }
 
@@ -74,22 +74,22 @@ class RandomOperations {
       case 8: {
         const int kind = OneOf({0, 1, 54, -1, 53, Number(2, 8), Number(2, 53)});
         Do(config_, &Cfg::put_DATOActivo, Code<emParamDato>(kind));
-        model_.lists[ConfigModel::kItems].active = kind;
+        model_.active_dato = kind;
         return "DATOActivo = " + std::to_string(kind);
       }
       case 9:
       case 10: {
         const int kind = OneOf({0, 1, 24, -1, 23, Number(2, 5), Number(2, 23)});
         Do(config_, &Cfg::put_CTEActivo, Code<emParamDatoConstante>(kind));
-        model_.lists[ConfigModel::kConstants].active = kind;
+        model_.active_cte = kind;
         return "CTEActivo = " + std::to_string(kind);
       }
       case 11:
       case 12:
-        return WriteByte("DATOPos", &Cfg::put_DATOPos, ConfigModel::kItems, &Slot::pos);
+        return WriteItemByte("DATOPos", &Cfg::put_DATOPos, &Slot::pos);
       case 13:
       case 14:
-        return WriteByte("DATOTam", &Cfg::put_DATOTam, ConfigModel::kItems, &Slot::size);
+        return WriteItemByte("DATOTam", &Cfg::put_DATOTam, &Slot::size);
       case 15: {
         const int value = OneOf({0, 1, 2, 3, 7, -1});
         Do(config_, &Cfg::put_TipoDatoDATO, Code<emTipoDato>(value));
@@ -97,9 +97,9 @@ class RandomOperations {
         return "TipoDatoDATO = " + std::to_string(value);
       }
       case 16:
-        return WriteByte("CTEPos", &Cfg::put_CTEPos, ConfigModel::kConstants, &Slot::pos);
+        return WriteConstantByte("CTEPos", &Cfg::put_CTEPos, &Slot::pos);
       case 17:
-        return WriteByte("CTETam", &Cfg::put_CTETam, ConfigModel::kConstants, &Slot::size);
+        return WriteConstantByte("CTETam", &Cfg::put_CTETam, &Slot::size);
       case 18: {
         const Text value = AnyText(20);
         Do(config_, &Cfg::put_Constante, value);
@@ -141,19 +141,23 @@ class RandomOperations {
                         int width, bool is_name) {
     const Text value = AnyText(width);
     Do(config_, put, value);
-    if (is_name) {
-      model_.WriteBrand(field, value);
-    } else {
-      model_.WriteText(field, value);
-    }
+    model_.WriteText(field, static_cast<std::size_t>(width), value, is_name);
     return name;
   }
 
-  std::string WriteByte(const char* name, HRESULT (STDMETHODCALLTYPE Cfg::*put)(unsigned char),
-                        int list, int Slot::*byte) {
+  using PutByte = HRESULT (STDMETHODCALLTYPE Cfg::*)(unsigned char);
+
+  std::string WriteItemByte(const char* name, PutByte put, int Slot::*byte) {
+    return WriteByte(name, put, NaiveConfig::kDato, model_.datos, model_.active_dato, byte);
+  }
+  std::string WriteConstantByte(const char* name, PutByte put, int Slot::*byte) {
+    return WriteByte(name, put, NaiveConfig::kCte, model_.ctes, model_.active_cte, byte);
+  }
+  std::string WriteByte(const char* name, PutByte put, const NaiveConfig::SlotRules& rules,
+                        std::vector<Slot>& slots, int kind, int Slot::*byte) {
     const unsigned char value = AnyByte();
     Do(config_, put, value);
-    model_.WriteByte(model_.lists[static_cast<std::size_t>(list)], byte, value);
+    model_.WriteByte(rules, slots, kind, byte, value);
     return std::string(name) + " = " + std::to_string(value);
   }
 
@@ -171,8 +175,9 @@ class RandomOperations {
       return "GuardarComo, incomplete";
     }
     EXPECT_EQ(saved, S_OK);
-    files_[name] = model_.Save();
-    EXPECT_EQ(folder_.Bytes(name), files_[name]);
+    files_[name] = model_.File();
+    model_.modified = false;
+    EXPECT_EQ(folder_.Bytes(name), files_[name].Bytes());
     return "GuardarComo";
   }
 
@@ -189,59 +194,66 @@ class RandomOperations {
   }
 
   void Compare() {
-    EXPECT_EQ(sink_.Take(), std::exchange(model_.events, {}));
-    EXPECT_EQ(Read(config_, &Cfg::get_Modificado), component::ToVariantBool(model_.modified));
-    EXPECT_EQ(Read(config_, &Cfg::get_IDCfg), model_.id);
-    EXPECT_EQ(Read(config_, &Cfg::get_Version), model_.version);
-    EXPECT_EQ(Read(config_, &Cfg::get_Caso), model_.special_case);
-    const Text brand = ConfigModel::Shown(model_.brand);
-    const Text model = ConfigModel::Shown(model_.model);
+    EXPECT_EQ(TakeEvents(), std::exchange(model_.events, {}));
+    EXPECT_EQ(State(), model_.State());
+    const Text brand = Read(config_, &Cfg::get_Marca);
+    const Text model = Read(config_, &Cfg::get_Modelo);
     const bool named = !brand.empty() && !model.empty();
-    EXPECT_EQ(Read(config_, &Cfg::get_Marca), brand);
-    EXPECT_EQ(Read(config_, &Cfg::get_Modelo), model);
     EXPECT_EQ(Read(config_, &Cfg::get_NombreConmutador),
               named ? brand + u", " + model : u"Desconocido");
     EXPECT_EQ(Read(config_, &Cfg::get_HayConfig),
-              component::ToVariantBool(named && model_.special_case != 0));
-    EXPECT_EQ(Read(config_, &Cfg::get_Comentarios), ConfigModel::Shown(model_.comments));
-    const Text separator = ConfigModel::Shown(model_.separator);
-    EXPECT_EQ(Read(config_, &Cfg::get_Separador), separator);
+              component::ToVariantBool(named && model_.caso != 0));
+    const Text separator = Read(config_, &Cfg::get_Separador);
     Text codes;
     for (std::size_t i = 0; i < 10; ++i) {
-      const int code = i < separator.size() ? ToAnsi(separator[i]) : 0;
+      const int code = i >= separator.size() ? 0 : separator[i] < 0x80 ? separator[i] : '?';
       codes += FromWide(std::to_wstring(code)) + u",";
     }
     EXPECT_EQ(Read(config_, &Cfg::get_ListaSeparador), codes);
+  }
 
-    const ConfigModel::List& items = model_.lists[ConfigModel::kItems];
-    const Slot* item = model_.Active(items);
-    EXPECT_EQ(Read(config_, &Cfg::get_DATOActivo), items.active);
-    EXPECT_EQ(Read(config_, &Cfg::get_HayDATO), component::ToVariantBool(model_.HasActive(items)));
-    EXPECT_EQ(Read(config_, &Cfg::get_TipoDatoDATO), item != nullptr ? item->type : 0);
-    EXPECT_EQ(Read(config_, &Cfg::get_DATOPos), item != nullptr ? item->pos : 0);
-    EXPECT_EQ(Read(config_, &Cfg::get_DATOTam), item != nullptr ? item->size : 0);
+  std::vector<std::string> TakeEvents() {
+    static constexpr const char* kNames[] = {"", "CambioNombreConmutador", "ConfiguracionCargada",
+                                             "Inicializado", "Cambios"};
+    std::vector<std::string> names;
+    for (const int event : sink_.Take()) names.emplace_back(kNames[event]);
+    return names;
+  }
 
-    const ConfigModel::List& constants = model_.lists[ConfigModel::kConstants];
-    const Slot* constant = model_.Active(constants);
-    EXPECT_EQ(Read(config_, &Cfg::get_CTEActivo), constants.active);
-    EXPECT_EQ(Read(config_, &Cfg::get_HayCTE),
-              component::ToVariantBool(model_.HasActive(constants)));
-    EXPECT_EQ(Read(config_, &Cfg::get_TipoDatoCTE), constant != nullptr ? constant->type : 0);
-    EXPECT_EQ(Read(config_, &Cfg::get_CTEPos), constant != nullptr ? constant->pos : 0);
-    EXPECT_EQ(Read(config_, &Cfg::get_CTETam), constant != nullptr ? constant->size : 0);
-    EXPECT_EQ(Read(config_, &Cfg::get_Constante),
-              constant != nullptr ? ConfigModel::Shown(constant->constant) : u"");
-
-    EXPECT_EQ(Read(config_, &Cfg::get_PuertoActivo), model_.pair);
-    EXPECT_EQ(Read(config_, &Cfg::get_PinIZQ), model_.left);
-    EXPECT_EQ(Read(config_, &Cfg::get_PinDER), model_.right);
-    EXPECT_EQ(Read(config_, &Cfg::get_PinesConectados), component::ToVariantBool(model_.IsWired()));
+  // What a host reads, member by member.
+  std::map<std::string, std::string> State() {
+    const auto yes = [&](auto get) { return std::to_string(Read(config_, get) != VARIANT_FALSE); };
+    const auto number = [&](auto get) { return std::to_string(Read(config_, get)); };
+    const auto text = [&](auto get) { return Shown(Read(config_, get)); };
+    return {{"Modificado", yes(&Cfg::get_Modificado)},
+            {"IDCfg", number(&Cfg::get_IDCfg)},
+            {"Version", number(&Cfg::get_Version)},
+            {"Caso", number(&Cfg::get_Caso)},
+            {"Marca", text(&Cfg::get_Marca)},
+            {"Modelo", text(&Cfg::get_Modelo)},
+            {"Comentarios", text(&Cfg::get_Comentarios)},
+            {"Separador", text(&Cfg::get_Separador)},
+            {"DATOActivo", number(&Cfg::get_DATOActivo)},
+            {"HayDATO", yes(&Cfg::get_HayDATO)},
+            {"TipoDatoDATO", number(&Cfg::get_TipoDatoDATO)},
+            {"DATOPos", number(&Cfg::get_DATOPos)},
+            {"DATOTam", number(&Cfg::get_DATOTam)},
+            {"CTEActivo", number(&Cfg::get_CTEActivo)},
+            {"HayCTE", yes(&Cfg::get_HayCTE)},
+            {"TipoDatoCTE", number(&Cfg::get_TipoDatoCTE)},
+            {"CTEPos", number(&Cfg::get_CTEPos)},
+            {"CTETam", number(&Cfg::get_CTETam)},
+            {"Constante", text(&Cfg::get_Constante)},
+            {"PuertoActivo", number(&Cfg::get_PuertoActivo)},
+            {"PinIZQ", number(&Cfg::get_PinIZQ)},
+            {"PinDER", number(&Cfg::get_PinDER)},
+            {"PinesConectados", yes(&Cfg::get_PinesConectados)}};
   }
 
   std::mt19937 random_;
   const ScratchFolder folder_;
-  std::map<Text, std::string> files_;
-  ConfigModel model_;
+  std::map<Text, SwitchFile> files_;
+  NaiveConfig model_;
   ComPtr<Cfg> config_ = NewConfig();
   Sink sink_;
   Connection connection_{config_.get(), &sink_};

@@ -3,14 +3,14 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
+#include <map>
 #include <set>
 #include <string>
 #include <tuple>
 #include <vector>
 
-#include "support/config_snapshot.h"
 #include "support/file_images.h"
+#include "support/shown_text.h"
 
 namespace conmuta::test {
 
