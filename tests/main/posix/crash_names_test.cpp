@@ -1,7 +1,7 @@
 #include "main/crash_names_test.h"
 
 #include <csignal>
-#include <cstdlib>
+#include <initializer_list>
 
 #include "main/running_test.h"
 
