@@ -15,8 +15,6 @@
 namespace conmuta::fuzz {
 namespace {
 
-constexpr int kMutations = 2000;
-
 std::vector<std::string> Seeds(const Target& target) {
   std::vector<std::filesystem::path> paths;
   const std::filesystem::path corpus = CONMUTA_CORPUS;
@@ -79,7 +77,7 @@ TEST_P(Replay, Seeds) {
 TEST_P(Replay, Mutations) {
   const auto seeds = Seeds(GetParam());
   test::Random random(1);
-  for (int round = 0; round < kMutations; ++round) {
+  for (int round = 0; round < GetParam().mutations; ++round) {
     std::string bytes = random.OneOf(seeds);
     for (int count = random.Between(1, 8); count > 0; --count) {
       Mutate(random, bytes, random.OneOf(seeds));

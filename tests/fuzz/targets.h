@@ -17,11 +17,25 @@ void Import(std::string_view bytes);
 // The first byte chooses a layout, the rest are lines that a PBX printed.
 void Lines(std::string_view bytes);
 
+// A configuration file, a line "==", and lines that a PBX printed: watched and unwatched, in
+// whatever case.
+void Translate(std::string_view bytes);
+
+// What a host writes to a configuration, files that cannot be written among it.
+void Write(std::string_view bytes);
+
+// What a person does to the manager window while files fail and others change them.
+void Manage(std::string_view bytes);
+
 struct Target {
   const char* name;  // of its folder in corpus/, too
   void (*run)(std::string_view bytes);
+  int mutations;  // of the seeds that the replay tries
 };
-inline constexpr Target kTargets[] = {{"open", Open}, {"import", Import}, {"lines", Lines}};
+inline constexpr Target kTargets[] = {
+    {"open", Open, 2000},           {"import", Import, 2000}, {"lines", Lines, 2000},
+    {"translate", Translate, 2000}, {"write", Write, 200},    {"manage", Manage, 200},
+};
 
 // Stops the program with what was expected.
 void Require(bool holds, const char* what);

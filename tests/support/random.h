@@ -1,7 +1,8 @@
-// Random choices from a fixed seed, the same on every platform.
+// Random choices, the same on every platform: from a fixed seed, or from bytes that a fuzzer chose.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <random>
 #include <string>
 #include <string_view>
@@ -11,9 +12,13 @@ namespace conmuta::test {
 class Random {
  public:
   explicit Random(unsigned seed) : engine_(seed) {}
+  explicit Random(std::string_view bytes) : bytes_(bytes) {}
+
+  // Whether there are no bytes any more; from then on a fixed seed decides.
+  bool Spent() const { return bytes_.empty(); }
 
   // 0 to below - 1.
-  int Below(int below) { return static_cast<int>(engine_() % static_cast<unsigned>(below)); }
+  int Below(int below) { return static_cast<int>(Next() % static_cast<unsigned>(below)); }
   int Between(int first, int last) { return first + Below(last - first + 1); }
   bool Percent(int chance) { return Below(100) < chance; }
 
@@ -29,6 +34,14 @@ class Random {
   }
 
  private:
+  std::uint_fast32_t Next() {
+    if (bytes_.empty()) return engine_();
+    const auto next = static_cast<unsigned char>(bytes_.front());
+    bytes_.remove_prefix(1);
+    return next;
+  }
+
+  std::string_view bytes_;
   std::mt19937 engine_;  // its sequence is laid down, that of the distributions is not
 };
 
