@@ -2,6 +2,10 @@
 
 #include <atomic>
 
+namespace __gnu_cxx {
+void __freeres();  // of the C++ library; no header has it
+}
+
 namespace conmuta::component::module {
 namespace {
 
@@ -75,7 +79,10 @@ void Attach(HINSTANCE dll) {
 
 }  // namespace conmuta::component::module
 
-BOOL WINAPI DllMain(HINSTANCE dll, DWORD reason, void*) {
+BOOL WINAPI DllMain(HINSTANCE dll, DWORD reason, void* process_ends) {
   if (reason == DLL_PROCESS_ATTACH) conmuta::component::module::Attach(dll);
+  // The runtime keeps memory for exceptions thrown when there is none, and leaves it to the
+  // process: a host that loads and unloads us a thousand times would pay for each.
+  if (reason == DLL_PROCESS_DETACH && process_ends == nullptr) __gnu_cxx::__freeres();
   return TRUE;
 }
