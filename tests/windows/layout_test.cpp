@@ -2,36 +2,17 @@
 // screen, and the focus is where one can type.
 #include "every_window.h"
 #include "message_font.h"
+#include "window_rules.h"
 
 namespace conmuta::test {
 namespace {
+
+using NoFlaws = std::vector<std::string>;
 
 void UseDpi(HWND window, UINT dpi) {
   RECT place{};
   GetWindowRect(window, &place);
   Send(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), &place);
-}
-
-bool IsFrame(HWND control) {
-  return ClassOf(control) == u"Button" &&
-         (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
-}
-
-void ExpectNothingOverlaps(HWND window) {
-  std::vector<HWND> controls;
-  for (const HWND control : ChildrenOf(window)) {
-    if (IsShown(control) && !IsFrame(control)) controls.push_back(control);
-  }
-  for (std::size_t i = 0; i < controls.size(); ++i) {
-    const RECT one = PlaceOf(controls[i]);
-    EXPECT_TRUE(one.right > one.left && one.bottom > one.top) << GetDlgCtrlID(controls[i]);
-    for (std::size_t j = 0; j < i; ++j) {
-      const RECT other = PlaceOf(controls[j]);
-      RECT common{};
-      EXPECT_FALSE(IntersectRect(&common, &one, &other))
-          << GetDlgCtrlID(controls[i]) << " and " << GetDlgCtrlID(controls[j]);
-    }
-  }
 }
 
 void ExpectPaintedAsFresh(const Person& person, HWND window) {
@@ -70,7 +51,7 @@ TEST_F(LayoutTest, MaximisingAndRestoringLeavesNothingBehind) {
   });
 }
 
-TEST_F(LayoutTest, NoTextIsCutWithAnyFontAtAnyResolution) {
+TEST_F(LayoutTest, NothingIsWrongWithAnyFontAtAnyResolution) {
   for (const int percent : {100, 125, 150, 175, 225}) {
     SCOPED_TRACE("message font of " + std::to_string(percent) + " %");
     const MessageFontOf font(percent);
@@ -78,13 +59,21 @@ TEST_F(LayoutTest, NoTextIsCutWithAnyFontAtAnyResolution) {
       for (const UINT dpi : {96u, 120u, 144u, 192u}) {
         SCOPED_TRACE(dpi);
         UseDpi(window, dpi);
+        EXPECT_EQ(FlawsOf(window, dpi), NoFlaws());
         // As small as one can make it.
         person.Resize(window, 1, 1);
-        EXPECT_EQ(ClippedTextsOf(window), std::vector<std::string>());
-        ExpectNothingOverlaps(window);
+        EXPECT_EQ(FlawsOf(window, dpi), NoFlaws());
       }
     });
   }
+}
+
+TEST_F(LayoutTest, ColoursAreTheSystemsOrTheCables) {
+  InEach([](const Person& person, HWND window) {
+    SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    person.Repaint(window);
+    EXPECT_EQ(ForeignColorsOf(window), NoFlaws());
+  });
 }
 
 TEST_F(LayoutTest, FontThatChangesMeanwhileIsFollowed) {
@@ -94,7 +83,7 @@ TEST_F(LayoutTest, FontThatChangesMeanwhileIsFollowed) {
     Send(window, WM_SETTINGCHANGE, SPI_SETNONCLIENTMETRICS);
     person.host().Rest();
     EXPECT_LT(FontOf(GetDlgItem(window, IDCANCEL)).lfHeight, before) << "heights are negative";
-    EXPECT_EQ(ClippedTextsOf(window), std::vector<std::string>());
+    EXPECT_EQ(ClippedTextsOf(window), NoFlaws());
     ExpectPaintedAsFresh(person, window);
   });
 }
@@ -147,7 +136,8 @@ TEST_F(LayoutTest, EveryControlHasAName) {
       if (!IsShown(control)) continue;
       const Text name = NameOf(control);
       // An empty label or frame has nothing to name.
-      const bool may_be_empty = IsFrame(control) || ClassOf(control) == u"Static";
+      const bool may_be_empty =
+          GetDlgCtrlID(control) == win32::kFrame1 || ClassOf(control) == u"Static";
       EXPECT_TRUE(!name.empty() || may_be_empty) << GetDlgCtrlID(control);
     }
   });
@@ -209,7 +199,7 @@ TEST_F(LongNamesTest, AreShortenedAndSaidWholeByTheToolTip) {
           EXPECT_EQ(ToolTipOf(GetDlgItem(window, win32::kFrame1)),
                     TextOf(GetDlgItem(window, win32::kFrame1)));
           EXPECT_EQ(ToolTipOf(GetDlgItem(window, win32::kEtqArch)), folder_.Path(u"cnm1.cfg"));
-          EXPECT_EQ(ClippedTextsOf(window), std::vector<std::string>());
+          EXPECT_EQ(ClippedTextsOf(window), NoFlaws());
           PostMessageW(window, WM_CLOSE, 0, 0);
         });
   While([&] { Open("edited cable"); },
@@ -218,7 +208,7 @@ TEST_F(LongNamesTest, AreShortenedAndSaidWholeByTheToolTip) {
           const HWND label = GetDlgItem(window, win32::kEtqConmutador);
           EXPECT_TRUE(TextOf(label).ends_with(u"..."));
           EXPECT_EQ(ToolTipOf(label), u"Conmutador\r\n" + name_);
-          EXPECT_EQ(ClippedTextsOf(window), std::vector<std::string>());
+          EXPECT_EQ(ClippedTextsOf(window), NoFlaws());
           PostMessageW(window, WM_CLOSE, 0, 0);
         });
 }

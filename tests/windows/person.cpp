@@ -102,43 +102,6 @@ COLORREF PixelOf(HWND window, int x, int y) {
   return color;
 }
 
-std::vector<std::string> ClippedTextsOf(HWND window) {
-  std::vector<std::string> clipped;
-  for (const HWND control : ChildrenOf(window)) {
-    const bool is_button = ClassOf(control) == u"Button";
-    const bool is_edit = ClassOf(control) == u"Edit";
-    if (!IsShown(control) || (!is_button && !is_edit && ClassOf(control) != u"Static")) continue;
-    const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
-    // These shorten their texts themselves, or scroll them.
-    const LONG_PTR type = style & BS_TYPEMASK;
-    if (is_button && type == BS_GROUPBOX) continue;
-    if (!is_button && !is_edit && (style & SS_ELLIPSISMASK) != 0) continue;
-    const Text text = is_edit ? Text(u"X") : TextOf(control);
-    RECT needed{};
-    const SIZE room = ClientSizeOf(control);
-    const HDC dc = GetDC(control);
-    const HGDIOBJ before = SelectObject(dc, reinterpret_cast<HFONT>(Send(control, WM_GETFONT)));
-    needed.right = room.cx;
-    const bool plain = !is_button && (style & SS_NOPREFIX) != 0;
-    const bool wraps =
-        !is_button && !is_edit && (style & SS_TYPEMASK) == SS_LEFT && (style & SS_CENTERIMAGE) == 0;
-    DrawTextW(
-        dc, reinterpret_cast<const wchar_t*>(text.c_str()), static_cast<int>(text.size()), &needed,
-        static_cast<UINT>(DT_CALCRECT | (plain ? DT_NOPREFIX : 0) | (wraps ? DT_WORDBREAK : 0)));
-    TEXTMETRICW metrics{};
-    GetTextMetricsW(dc, &metrics);
-    SelectObject(dc, before);
-    ReleaseDC(control, dc);
-    // What a button has around its text: a border, or a mark before it.
-    const bool has_mark = is_button && (type == BS_RADIOBUTTON || type == BS_AUTORADIOBUTTON);
-    if (is_button) needed.right += has_mark ? metrics.tmHeight + 4 : 8;
-    if (needed.right > room.cx || needed.bottom > room.cy) {
-      clipped.push_back(std::to_string(GetDlgCtrlID(control)) + " " + Narrow(text));
-    }
-  }
-  return clipped;
-}
-
 std::vector<COLORREF> PixelsOf(HWND window) {
   const SIZE size = ClientSizeOf(window);
   POINT origin{};

@@ -37,9 +37,6 @@ LOGFONTW FontOf(HWND window);
 std::vector<HWND> ChildrenOf(HWND window);
 COLORREF PixelOf(HWND window, int x, int y);
 
-// The texts of labels, buttons and fields that their controls are too small for.
-std::vector<std::string> ClippedTextsOf(HWND window);
-
 // What the screen shows of a window's client area.
 std::vector<COLORREF> PixelsOf(HWND window);
 

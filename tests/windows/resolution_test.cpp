@@ -2,6 +2,7 @@
 #include "component/scratch_files.h"
 #include "samples.h"
 #include "ui/win32/control_ids.h"
+#include "window_rules.h"
 #include "window_test.h"
 
 namespace conmuta::test {
@@ -22,41 +23,12 @@ class ResolutionTest : public WindowTest {
         place.bottom = MulDiv(size.cy, static_cast<int>(dpi), 96);
         Send(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), &place);
         person.host().Rest();
-        EXPECT_EQ(ClippedTextsOf(window), std::vector<std::string>());
-        ExpectNothingOverlaps(window);
+        EXPECT_EQ(FlawsOf(window, dpi), std::vector<std::string>());
         check(person, window);
       }
       PostMessageW(window, WM_CLOSE, 0, 0);
       person.WaitUntilClosed(window);
     });
-  }
-
-  static bool IsFrame(HWND control) {
-    return ClassOf(control) == u"Button" &&
-           (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
-  }
-
-  // All controls are within the window, and none is over another.
-  static void ExpectNothingOverlaps(HWND window) {
-    std::vector<HWND> controls;
-    for (const HWND control : ChildrenOf(window)) {
-      if (IsShown(control)) controls.push_back(control);
-    }
-    const SIZE client = ClientSizeOf(window);
-    for (std::size_t i = 0; i < controls.size(); ++i) {
-      const RECT one = PlaceOf(controls[i]);
-      EXPECT_TRUE(one.left >= 0 && one.top >= 0 && one.right <= client.cx &&
-                  one.bottom <= client.cy)
-          << GetDlgCtrlID(controls[i]);
-      EXPECT_TRUE(one.right > one.left && one.bottom > one.top) << GetDlgCtrlID(controls[i]);
-      for (std::size_t j = 0; j < i; ++j) {
-        if (IsFrame(controls[i]) || IsFrame(controls[j])) continue;
-        const RECT other = PlaceOf(controls[j]);
-        RECT common{};
-        EXPECT_FALSE(IntersectRect(&common, &one, &other))
-            << GetDlgCtrlID(controls[i]) << " and " << GetDlgCtrlID(controls[j]);
-      }
-    }
   }
 };
 

@@ -21,6 +21,7 @@
 #include "person.h"
 #include "samples.h"
 #include "ui/win32/control_ids.h"
+#include "window_rules.h"
 
 namespace conmuta::test {
 namespace {
