@@ -15,7 +15,7 @@ namespace {
 COLORREF Quantised(COLORREF pixel) {
   const std::array<int, 3> parts = {GetRValue(pixel), GetGValue(pixel), GetBValue(pixel)};
   const auto [least, most] = std::minmax_element(parts.begin(), parts.end());
-  const int steps = *most - *least <= 8 ? 15 : 5;
+  const int steps = *most - *least <= 24 ? 15 : 5;
   const auto level = [steps](int part) { return (part * steps + 127) / 255 * 255 / steps; };
   return RGB(level(parts[0]), level(parts[1]), level(parts[2]));
 }

@@ -88,6 +88,10 @@ class ManagerWindow final : public Window {
   }
   LONG LeftLeast() const { return 3 * CommandSize().cx + 2 * measures().gap(); }
   LONG RightLeast() const { return 2 * ModelCommandSize().cx + measures().gap() + 2 * Inset(); }
+  int Indent() const { return measures().Scale(22); }
+  LONG HeadingWidth() const {
+    return Indent() + measures().Label(manager_.tree().root().text).cx + 2 * measures().gap();
+  }
   LONG SideBySide() const {
     return LeftLeast() + 2 * measures().gap() + RightLeast() + 2 * measures().margin();
   }
@@ -132,9 +136,10 @@ class ManagerWindow final : public Window {
     const LONG width = room.cx - 2 * margin;
     const LONG height = bottom - 2 * gap - margin;
     if (room.cx >= std::max(SideBySide(), BottomLeast())) {
-      // The tree takes what the window gains.
+      // The tree takes what the window gains, and where that is little, room for its heading.
       const LONG details = std::max<LONG>(RightLeast(), measures().Scale(330));
-      const LONG left = std::max(LeftLeast(), width - details - 2 * gap);
+      const LONG left = std::max({LeftLeast(), width - details - 2 * gap,
+                                  std::min(HeadingWidth(), width - RightLeast() - 2 * gap)});
       LayoutTree({margin, margin, margin + left, margin + height});
       LayoutModel({margin + left + 2 * gap, margin, margin + width, margin + height});
     } else {
@@ -151,6 +156,7 @@ class ManagerWindow final : public Window {
     const LONG width = place.right - place.left;
     const LONG button = CommandSize().cy;
     const LONG commands = place.bottom - button;
+    TreeView_SetIndent(tree_view_, Indent());  // the system's own does not grow with the font
     Place(tree_view_, place.left, place.top, {width, commands - gap - place.top});
     const LONG third = (width - 2 * gap) / 3;
     Place(add_, place.left, commands, {third, button});
