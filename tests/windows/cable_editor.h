@@ -78,20 +78,24 @@ class Editor {
   void MakeLow() const { person_.Resize(window_, static_cast<int>(OuterSizeOf(window_).cx), 1); }
   Text Connections() const { return TextOf(At(win32::kTxtConexiones)); }
   Text Hint() const { return TextOf(At(win32::kEtqAyuda)); }
-  // Opens the menu in the diagram and chooses an entry, counted from 1, with the keyboard.
-  void ChooseInMenu(int entry) const {
-    const HWND view = At(win32::kDiagram);
-    PostMessageW(view, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(view), -1);
+  // With the keyboard: opens the menu of the diagram; goes down to an entry, counted from 1, and
+  // chooses it; or leaves it.
+  HWND OpenMenu() const {
+    PostMessageW(At(win32::kDiagram), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(At(win32::kDiagram)),
+                 -1);
     HWND menu = nullptr;
     WaitUntil("menu", [&] {
       menu = FindWindowW(L"#32768", nullptr);
       return menu != nullptr && IsWindowVisible(menu);
     });
-    for (int i = 0; i < entry; ++i) PostMessageW(window_, WM_KEYDOWN, VK_DOWN, 1);
-    PostMessageW(window_, WM_KEYDOWN, VK_RETURN, 1);
-    WaitUntil("menu closes", [&] { return !IsWindow(menu) || !IsWindowVisible(menu); });
-    person_.host().Rest();
+    return menu;
   }
+  void ChooseInMenu(int entry) const {
+    const HWND menu = OpenMenu();
+    for (int i = 0; i < entry; ++i) PostMessageW(window_, WM_KEYDOWN, VK_DOWN, 1);
+    EndMenu(menu, VK_RETURN);
+  }
+  void LeaveMenu(HWND menu) const { EndMenu(menu, VK_ESCAPE); }
   void ClickPin(Side side, int number) const {
     person_.Click(At(win32::kDiagram), PinAt(side, number));
   }
@@ -100,6 +104,12 @@ class Editor {
   }
 
  private:
+  void EndMenu(HWND menu, WPARAM key) const {
+    PostMessageW(window_, WM_KEYDOWN, key, 1);
+    WaitUntil("menu closes", [&] { return !IsWindow(menu) || !IsWindowVisible(menu); });
+    person_.host().Rest();
+  }
+
   const Person& person_;
   HWND window_;
 };

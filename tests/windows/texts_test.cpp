@@ -174,27 +174,23 @@ TEST_F(TextsTest, ManagerWithoutADefaultSwitch) {
 
 // --- the menu of the cable ---
 
-std::string MenuOf(const Person& person, HWND diagram) {
+std::string MenuOf(const Editor& editor) {
   constexpr UINT kGetMenu = 0x01E1;  // MN_GETHMENU
-  PostMessageW(diagram, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(diagram), -1);
-  HWND popup = nullptr;
-  WaitUntil("menu", [&] {
-    popup = FindWindowW(L"#32768", nullptr);
-    return popup != nullptr && IsWindowVisible(popup);
-  });
+  const HWND popup = editor.OpenMenu();
   const auto menu = reinterpret_cast<HMENU>(Send(popup, kGetMenu));
   std::string lines;
   for (UINT i = 0; i < static_cast<UINT>(GetMenuItemCount(menu)); ++i) {
     std::array<wchar_t, 100> text{};
-    const int length = GetMenuStringW(menu, i, text.data(), 100, MF_BYPOSITION);
+    GetMenuStringW(menu, i, text.data(), static_cast<int>(text.size()), MF_BYPOSITION);
     const UINT state = GetMenuState(menu, i, MF_BYPOSITION);
-    lines.append((state & MF_SEPARATOR) != 0 ? "---"
-                                             : Shown(Text(text.data(), text.data() + length)));
-    lines.append((state & MF_GRAYED) != 0 && (state & MF_SEPARATOR) == 0 ? "  (disabled)\n" : "\n");
+    if ((state & MF_SEPARATOR) != 0) {
+      lines.append("---\n");
+    } else {
+      lines.append(Shown(FromWide(text.data())));
+      lines.append((state & MF_GRAYED) != 0 ? "  (disabled)\n" : "\n");
+    }
   }
-  PostMessageW(GetParent(diagram), WM_KEYDOWN, VK_ESCAPE, 1);
-  WaitUntil("menu closes", [&] { return !IsWindow(popup) || !IsWindowVisible(popup); });
-  person.host().Rest();
+  editor.LeaveMenu(popup);
   return lines;
 }
 
@@ -223,11 +219,11 @@ Deshacer\tCtrl+Z  (disabled)
 )"};
     for (int pair = 1; pair <= 4; ++pair) {
       editor.Choose(pair);
-      EXPECT_EQ(MenuOf(editor.person(), editor.At(win32::kDiagram)), expected[pair - 1]) << pair;
+      EXPECT_EQ(MenuOf(editor), expected[pair - 1]) << pair;
     }
     editor.TypePin(u"1");
     editor.TypeList(u"1");
-    EXPECT_EQ(MenuOf(editor.person(), editor.At(win32::kDiagram)), R"(Módem nulo con ocupado por DTR
+    EXPECT_EQ(MenuOf(editor), R"(Módem nulo con ocupado por DTR
 Directo a módem
 ---
 Quitar todos los cables
