@@ -4,19 +4,18 @@
 #include <cmath>
 
 #include "cable/diagram_desk.h"
+#include "captions.h"
 #include "samples.h"
 #include "ui/win32/control_ids.h"
 #include "window_test.h"
 
 namespace conmuta::test {
 
-inline constexpr TextView kCaption = u"Configuración de puerto SMDR";
-
 // The window with a person before it.
 class Editor {
  public:
   explicit Editor(const Person& person)
-      : person_(person), window_(person.WaitForWindow(kCaption)) {}
+      : person_(person), window_(person.WaitForWindow(kCableCaption)) {}
 
   const Person& person() const { return person_; }
   HWND window() const { return window_; }

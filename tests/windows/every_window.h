@@ -3,16 +3,13 @@
 
 #include <string>
 
+#include "captions.h"
 #include "component/scratch_files.h"
 #include "samples.h"
 #include "ui/win32/control_ids.h"
 #include "window_test.h"
 
 namespace conmuta::test {
-
-inline constexpr TextView kInfoCaption = u"Información general de configuración";
-inline constexpr TextView kCableCaption = u"Configuración de puerto SMDR";
-inline constexpr TextView kManagerCaption = u"Conmutadores";
 
 struct Shown {
   const char* name;

@@ -10,6 +10,7 @@
 
 #include <cstdio>
 
+#include "captions.h"
 #include "component/dll.h"
 #include "message_font.h"
 #include "photographer.h"
@@ -18,10 +19,6 @@
 
 namespace conmuta::test {
 namespace {
-
-constexpr TextView kInfoCaption = u"Información general de configuración";
-constexpr TextView kCableCaption = u"Configuración de puerto SMDR";
-constexpr TextView kManagerCaption = u"Conmutadores";
 
 // --- the information window ---
 

@@ -1,4 +1,5 @@
 // All windows at the resolutions that screens come in.
+#include "captions.h"
 #include "component/scratch_files.h"
 #include "samples.h"
 #include "ui/win32/control_ids.h"
@@ -35,15 +36,15 @@ class ResolutionTest : public WindowTest {
 TEST_F(ResolutionTest, InformationWindowFits) {
   const auto config = CrowdedConfig();
   AtEachResolution(
-      u"Información general de configuración",
-      [&] { Do(config, &Cfg::MostrarInformacionConfiguracion); }, [](const Person&, HWND) {});
+      kInfoCaption, [&] { Do(config, &Cfg::MostrarInformacionConfiguracion); },
+      [](const Person&, HWND) {});
 }
 
 TEST_F(ResolutionTest, CableEditorFits) {
   const auto config = NamedConfig(u"Panasonic", u"KX-TD1232");
   VARIANT_BOOL may_edit = VARIANT_TRUE;
   AtEachResolution(
-      u"Configuración de puerto SMDR", [&] { Do(config, &Cfg::EDConfigSeriales, &may_edit); },
+      kCableCaption, [&] { Do(config, &Cfg::EDConfigSeriales, &may_edit); },
       [](const Person& person, HWND window) {
         // A field shows its whole text.
         const HWND pin = GetDlgItem(window, win32::kTxtPinIzq);
@@ -64,7 +65,7 @@ TEST_F(ResolutionTest, ManagerFits) {
   Do(catalogue, &Catalogue::put_Extension, u"cfg");
   Do(catalogue, &Catalogue::put_ArchivoInstalado, folder.Path(u"activo.dat"));
   AtEachResolution(
-      u"Conmutadores", [&] { Do(catalogue, &Catalogue::Editar); },
+      kManagerCaption, [&] { Do(catalogue, &Catalogue::Editar); },
       [](const Person&, HWND window) {
         EXPECT_GE(FontOf(GetDlgItem(window, win32::kBtnDesinstalar)).lfWeight, FW_BOLD);
       });
@@ -73,8 +74,7 @@ TEST_F(ResolutionTest, ManagerFits) {
 TEST_F(ResolutionTest, ChangedSystemSettingsKeepTheLayout) {
   const auto config = TypicalConfig();
   AtEachResolution(
-      u"Información general de configuración",
-      [&] { Do(config, &Cfg::MostrarInformacionConfiguracion); },
+      kInfoCaption, [&] { Do(config, &Cfg::MostrarInformacionConfiguracion); },
       [](const Person&, HWND window) {
         const HWND text = GetDlgItem(window, win32::kTxtInfo);
         const LOGFONTW before = FontOf(text);
