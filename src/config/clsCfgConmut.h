@@ -103,16 +103,6 @@ class clsCfgConmut {
   const DATO* FindDATO(emParamDato kind) const { return datos_.FindValid(kind); }
   const CTE* FindCTE(emParamDatoConstante kind) const { return ctes_.FindValid(kind); }
 
-  // The same, and addresses the kind.
-  const DATO* SelectDATO(emParamDato kind) {
-    active_dato_ = kind;
-    return FindDATO(kind);
-  }
-  const CTE* SelectCTE(emParamDatoConstante kind) {
-    active_cte_ = kind;
-    return FindCTE(kind);
-  }
-
   // Differs from what it was before whenever a slot may have changed.
   std::uint64_t SlotRevision() const { return datos_.Revision() + ctes_.Revision(); }
 

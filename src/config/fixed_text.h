@@ -44,19 +44,6 @@ class FixedText {
   // As it is stored: kWidth characters, NULs included.
   TextView Raw() const { return {characters_.data(), kWidth}; }
 
-  // Whether `text` is what Read gives.
-  bool Reads(TextView text) const {
-    if (text.size() != length_) return false;
-    auto next = text.begin();
-    for (const char16_t c : characters_) {
-      if (next == text.end()) return true;
-      if (c == kNul) continue;
-      if (c != *next) return false;
-      ++next;
-    }
-    return true;
-  }
-
   bool operator==(const FixedText&) const = default;
 
  private:

@@ -14,18 +14,4 @@ constexpr To Narrow(From value) {
   return static_cast<To>(value);
 }
 
-template <std::integral T>
-constexpr T CheckedAdd(T a, T b) {
-  T sum{};
-  if (__builtin_add_overflow(a, b, &sum)) throw OverflowError();
-  return sum;
-}
-
-template <std::integral T>
-constexpr T CheckedMultiply(T a, T b) {
-  T product{};
-  if (__builtin_mul_overflow(a, b, &product)) throw OverflowError();
-  return product;
-}
-
 }  // namespace conmuta

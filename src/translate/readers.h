@@ -20,11 +20,6 @@ namespace conmuta::basConmuta {
 // Room for the text of a field when it cannot be shown as a piece of the line.
 using FieldBuffer = BoundedText<255>;
 
-// The ASCII digits of a text in their order, 255 at most.
-inline TextView DigitsOf(TextView text, FieldBuffer& buffer) {
-  return buffer = conmuta::DigitsOf{text};
-}
-
 // The text at the slot's place, cut at the end of the line; for a numeric slot its digits only.
 // The answer lives as long as both line and buffer.
 TextView LeeDatoTexto(emParamDato kind, clsCfgConmut& config, TextView line, FieldBuffer& buffer);

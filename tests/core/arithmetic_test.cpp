@@ -25,31 +25,7 @@ TYPED_TEST(StoredWidth, NarrowKeepsWhatFitsAndRaisesBeyond) {
   EXPECT_THROW(Narrow<TypeParam>(std::numeric_limits<std::uint64_t>::max()), OverflowError);
 }
 
-TYPED_TEST(StoredWidth, SumAndProductNeverWrap) {
-  constexpr TypeParam kLowest = std::numeric_limits<TypeParam>::min();
-  constexpr TypeParam kHighest = std::numeric_limits<TypeParam>::max();
-  constexpr TypeParam kOne = 1;
-  constexpr TypeParam kTwo = 2;
-  EXPECT_EQ(CheckedAdd(kLowest, kHighest), static_cast<TypeParam>(kLowest + kHighest));
-  EXPECT_EQ(CheckedAdd(kHighest, TypeParam{0}), kHighest);
-  EXPECT_THROW(CheckedAdd(kHighest, kOne), OverflowError);
-  EXPECT_THROW(CheckedAdd(kHighest, kHighest), OverflowError);
-  EXPECT_EQ(CheckedMultiply(kHighest, kOne), kHighest);
-  EXPECT_EQ(CheckedMultiply(kHighest, TypeParam{0}), 0);
-  EXPECT_THROW(CheckedMultiply(kHighest, kTwo), OverflowError);
-  EXPECT_THROW(CheckedMultiply(kHighest, kHighest), OverflowError);
-}
-
-TEST(CheckedArithmetic, NegativeResultsNeverWrapEither) {
-  constexpr std::int16_t kLowest = std::numeric_limits<std::int16_t>::min();
-  EXPECT_EQ(CheckedAdd<std::int16_t>(-32767, -1), kLowest);
-  EXPECT_THROW(CheckedAdd<std::int16_t>(kLowest, -1), OverflowError);
-  EXPECT_EQ(CheckedMultiply<std::int16_t>(-16384, 2), kLowest);
-  EXPECT_THROW(CheckedMultiply<std::int16_t>(kLowest, -1), OverflowError);
-  EXPECT_THROW(CheckedMultiply<std::int16_t>(9, -3641), OverflowError);
-}
-
-TEST(CheckedArithmetic, TheFailureSaysWhatItIs) {
+TEST(Errors, SayWhatTheyAre) {
   EXPECT_STREQ(OverflowError().what(), "overflow");
   EXPECT_STREQ(InvalidArgumentError().what(), "invalid argument");
   EXPECT_STREQ(ObjectNotSetError().what(), "object not set");

@@ -66,8 +66,8 @@ TEST_F(DamagedFile, NegativeCountersMeanNone) {
     lying = file;
     lying.cte_count_lie = count - 1;
     Open(lying.Bytes());
-    EXPECT_TRUE(config.SelectDATO(emParamFechaDia));
-    EXPECT_FALSE(config.SelectCTE(emDatoCteIdentEntrante));
+    EXPECT_TRUE(config.FindDATO(emParamFechaDia));
+    EXPECT_FALSE(config.FindCTE(emDatoCteIdentEntrante));
   }
 }
 
@@ -77,7 +77,7 @@ TEST_F(DamagedFile, NoItemsCountedMakesConstantsBeginAtTheItems) {
   for (const int count : {0, -1, -32768}) {
     file.dato_count_lie = count;
     Open(file.Bytes());
-    EXPECT_TRUE(config.SelectCTE(emDatoCteIdentEntrante));
+    EXPECT_TRUE(config.FindCTE(emDatoCteIdentEntrante));
   }
 }
 
@@ -105,8 +105,8 @@ TEST_F(DamagedFile, SmallCountersReadLess) {
   file.datos = {{2, 1, 5, 2}, {3, 1, 8, 2}};
   file.dato_count_lie = -1;
   Open(file.Bytes());
-  EXPECT_TRUE(config.SelectDATO(emParamFechaDia));
-  EXPECT_FALSE(config.SelectDATO(emParamFechaMes));
+  EXPECT_TRUE(config.FindDATO(emParamFechaDia));
+  EXPECT_FALSE(config.FindDATO(emParamFechaMes));
 }
 
 TEST_F(DamagedFile, TooManyItemsReadOnIntoTheConstants) {
@@ -116,19 +116,22 @@ TEST_F(DamagedFile, TooManyItemsReadOnIntoTheConstants) {
   file.ctes = {{4, 2, 9, 7, "\x0A\0\0\0\x03\0\0\0\x21\x22"s + "\x0B\0\0\0\x01\0\0\0\x23\x24"s}};
   file.dato_count_lie = 1;
   Open(file.Bytes());
-  ASSERT_TRUE(config.SelectDATO(emParamFechaAnio));
+  config.DATOActivo(emParamFechaAnio);
+  ASSERT_TRUE(config.HayDATO());
   EXPECT_EQ(config.DATOPos(), 9);
   EXPECT_EQ(config.DATOTam(), 7);
   EXPECT_EQ(config.TipoDatoDATO(), emValorConstante);
-  EXPECT_FALSE(config.SelectDATO(emParamDuracionAnio));
-  EXPECT_FALSE(config.SelectCTE(emDatoCteIdentEntrante));  // 20 bytes are no constant
+  EXPECT_FALSE(config.FindDATO(emParamDuracionAnio));
+  EXPECT_FALSE(config.FindCTE(emDatoCteIdentEntrante));  // 20 bytes are no constant
 
   file.dato_count_lie = 3;
   Open(file.Bytes());
-  ASSERT_TRUE(config.SelectDATO(emParamDuracionAnio));
+  config.DATOActivo(emParamDuracionAnio);
+  ASSERT_TRUE(config.HayDATO());
   EXPECT_EQ(config.DATOPos(), 0x21);
   EXPECT_EQ(config.TipoDatoDATO(), emValorCadena);
-  ASSERT_TRUE(config.SelectDATO(emParamDuracionHoras));
+  config.DATOActivo(emParamDuracionHoras);
+  ASSERT_TRUE(config.HayDATO());
   EXPECT_EQ(config.DATOTam(), 0x24);
 }
 
@@ -138,14 +141,14 @@ TEST_F(DamagedFile, ConstantsBeginWhereTooManyItemsStopped) {
   file.dato_count_lie = 3;  // all of the first constant
   file.cte_count_lie = -1;
   Open(file.Bytes());
-  EXPECT_TRUE(config.SelectCTE(emDatoCteIdentSaliente));
+  EXPECT_TRUE(config.FindCTE(emDatoCteIdentSaliente));
   EXPECT_EQ(config.Constante(), u"OUT");
 
   // Past the end the items stop at the last complete one.
   file.dato_count_lie = 100;
   file.ctes[1].text = "";
   Open(file.Bytes());
-  EXPECT_FALSE(config.SelectCTE(emDatoCteIdentSaliente));
+  EXPECT_FALSE(config.FindCTE(emDatoCteIdentSaliente));
 }
 
 TEST_F(DamagedFile, AsManyRecordsAsTheCountersCanSay) {
@@ -165,8 +168,8 @@ TEST_F(DamagedFile, AsManyRecordsAsTheCountersCanSay) {
   ASSERT_EQ(bytes.size(), kMostBytes);
   bytes.push_back(5);
   Open(bytes);
-  EXPECT_TRUE(config.SelectDATO(emParamFechaMes));
-  EXPECT_TRUE(config.SelectCTE(emDatoCteIdentInterTroncalFinTransferida));
+  EXPECT_TRUE(config.FindDATO(emParamFechaMes));
+  EXPECT_TRUE(config.FindCTE(emDatoCteIdentInterTroncalFinTransferida));
 }
 
 TEST_F(DamagedFile, AnyByteMayBeWrong) {

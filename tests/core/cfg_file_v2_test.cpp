@@ -114,12 +114,14 @@ TEST_F(Version2, AllOfItAtOnce) {
   }
   Open(file);
   for (std::size_t i = 0; i < std::size(kConstantKinds); ++i) {
-    ASSERT_TRUE(config.SelectCTE(static_cast<emParamDatoConstante>(kConstantKinds[i])));
+    config.CTEActivo(static_cast<emParamDatoConstante>(kConstantKinds[i]));
+    ASSERT_TRUE(config.HayCTE());
     EXPECT_EQ(config.CTEPos(), 1 + static_cast<int>(i));
     EXPECT_EQ(config.Constante(), Text(20, static_cast<char16_t>(u'A' + i)));
   }
   for (std::size_t i = 0; i < std::size(kItemKinds); ++i) {
-    ASSERT_TRUE(config.SelectDATO(static_cast<emParamDato>(kItemKinds[i])));
+    config.DATOActivo(static_cast<emParamDato>(kItemKinds[i]));
+    ASSERT_TRUE(config.HayDATO());
     EXPECT_EQ(config.DATOPos(), 10 + static_cast<int>(i));
     EXPECT_EQ(config.TipoDatoDATO(), emValorCadena);
   }
@@ -161,8 +163,8 @@ TEST_F(Version2, ReplacesWhatWasThere) {
   config.Comentarios(u"before");
   Open(SwitchFile2());
   EXPECT_EQ(config.Comentarios(), u"");
-  EXPECT_FALSE(config.SelectDATO(emParamCodigoCuenta));
-  EXPECT_FALSE(config.SelectCTE(emDatoCteIdentEntranteAND));
+  EXPECT_FALSE(config.FindDATO(emParamCodigoCuenta));
+  EXPECT_FALSE(config.FindCTE(emDatoCteIdentEntranteAND));
   config.PinIZQ(1);
   config.PinDER(1);
   EXPECT_FALSE(config.PinesConectados());
@@ -192,11 +194,11 @@ TEST_F(Version2, IncompleteItemsLeaveNoTrace) {
   file.constants[2] = {6, "y"};
   Open(file);
   for (int kind = 2; kind <= 53; ++kind) {
-    EXPECT_EQ(config.SelectDATO(static_cast<emParamDato>(kind)) != nullptr,
+    EXPECT_EQ(config.FindDATO(static_cast<emParamDato>(kind)) != nullptr,
               kind == emParamFechaMinutos);
   }
   for (int kind = 2; kind <= 23; ++kind) {
-    EXPECT_EQ(config.SelectCTE(static_cast<emParamDatoConstante>(kind)) != nullptr,
+    EXPECT_EQ(config.FindCTE(static_cast<emParamDatoConstante>(kind)) != nullptr,
               kind == emDatoCteIdentInterExtension);
   }
 }
@@ -206,7 +208,7 @@ TEST_F(Version2, ReservedBytesDoNotMatter) {
   std::fill(bytes.end() - 7, bytes.end(), '\xFF');
   Open(bytes);
   for (int kind = 2; kind <= 53; ++kind) {
-    EXPECT_FALSE(config.SelectDATO(static_cast<emParamDato>(kind)));
+    EXPECT_FALSE(config.FindDATO(static_cast<emParamDato>(kind)));
   }
 }
 
@@ -248,7 +250,7 @@ TEST_F(Version2, FileOfThePresentLayoutAndTheSameLengthIsReadAsSuch) {
   file.ctes.assign(3, {4, 2, 1, 2, "IN"});
   Open(file.Bytes() + std::string(786 - file.Bytes().size(), 'x'));
   EXPECT_EQ(config.Modelo(), u"X1");
-  EXPECT_TRUE(config.SelectDATO(emParamFechaDia));
+  EXPECT_TRUE(config.FindDATO(emParamFechaDia));
 }
 
 TEST_F(Version2, HostileBytesAreHarmless) {
@@ -262,7 +264,7 @@ TEST_F(Version2, HostileBytesAreHarmless) {
       const auto byte = [&](std::size_t k) {
         return static_cast<int>(static_cast<unsigned char>(bytes[623 + 3 * i + k]));
       };
-      const DATO* slot = config.SelectDATO(static_cast<emParamDato>(kItemKinds[i]));
+      const DATO* slot = config.FindDATO(static_cast<emParamDato>(kItemKinds[i]));
       ASSERT_EQ(slot != nullptr, byte(0) != 0 && byte(1) != 0 && byte(2) != 0) << round;
       if (slot == nullptr) continue;
       ASSERT_EQ(slot->Pos, byte(0));

@@ -39,8 +39,8 @@ TEST_F(ConfigSlots, ReadingWithoutASlotGivesNothingAndMakesNone) {
   EXPECT_EQ(config.CTEPos(), 0);
   EXPECT_EQ(config.CTETam(), 0);
   EXPECT_EQ(config.Constante(), u"");
-  EXPECT_EQ(config.SelectDATO(emParamFechaDia), nullptr);
-  EXPECT_EQ(config.SelectCTE(emDatoCteIdentEntrante), nullptr);
+  EXPECT_EQ(config.FindDATO(emParamFechaDia), nullptr);
+  EXPECT_EQ(config.FindCTE(emDatoCteIdentEntrante), nullptr);
   EXPECT_FALSE(config.Modificado());
   EXPECT_THAT(TakeEvents(), IsEmpty());
 }
@@ -387,23 +387,6 @@ TEST_F(ConfigSlots, EveryKindHasItsOwnSlot) {
     EXPECT_EQ(config.CTEPos(), kind);
     EXPECT_EQ(config.Constante(), Text(1, static_cast<char16_t>(u'A' + kind)));
   }
-}
-
-TEST_F(ConfigSlots, SelectingAddressesTheKindAndGivesItsValidSlot) {
-  Define(emParamFechaDia, 5, 2, emValorCadena);
-  Define(emDatoCteIdentEntrante, 1, u"IN");
-  const DATO* dato = config.SelectDATO(emParamFechaDia);
-  ASSERT_NE(dato, nullptr);
-  EXPECT_EQ(dato->Pos, 5);
-  EXPECT_EQ(dato->TipoDato, emValorCadena);
-  const CTE* cte = config.SelectCTE(emDatoCteIdentEntrante);
-  ASSERT_NE(cte, nullptr);
-  EXPECT_EQ(cte->Constante.Read(), u"IN");
-  EXPECT_EQ(config.SelectDATO(emParamFechaMes), nullptr);
-  EXPECT_EQ(config.DATOActivo(), emParamFechaMes);
-  EXPECT_EQ(config.SelectCTE(emUltimoParamDatoConstante), nullptr);
-  EXPECT_EQ(config.CTEActivo(), emUltimoParamDatoConstante);
-  EXPECT_THAT(TakeEvents(), IsEmpty());
 }
 
 }  // namespace

@@ -69,18 +69,6 @@ TEST(FixedText, TakesItsOwnStoredText) {
   EXPECT_EQ(text.Raw(), u"ab\0\0"s);
 }
 
-TEST(FixedText, ComparesAsItReads) {
-  FixedText<5> text;
-  EXPECT_TRUE(text.Reads(u""));
-  EXPECT_FALSE(text.Reads(u"a"));
-  text.Assign(u"\0a\0b"s);
-  EXPECT_TRUE(text.Reads(u"ab"));
-  EXPECT_FALSE(text.Reads(u"a"));
-  EXPECT_FALSE(text.Reads(u"abc"));
-  EXPECT_FALSE(text.Reads(u"ax"));
-  EXPECT_FALSE(text.Reads(u"a\0b"s));
-}
-
 TEST(FixedText, EqualityIsThatOfTheStoredText) {
   FixedText<3> a;
   FixedText<3> b;

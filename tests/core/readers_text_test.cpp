@@ -149,9 +149,9 @@ TEST(LeeDatoTexto, AddressesItsKindAndChangesNothingElse) {
 
 TEST(DigitsOf, KeepsAsManyAsTheBufferHolds) {
   FieldBuffer buffer;
-  EXPECT_EQ(Text(basConmuta::DigitsOf(Text(255, u'1') + u"2", buffer)), Text(255, u'1'));
-  EXPECT_EQ(Text(basConmuta::DigitsOf(Text(1000, u'x') + u"2", buffer)), u"2");
-  EXPECT_EQ(Text(basConmuta::DigitsOf(u"", buffer)), u"");
+  EXPECT_EQ(TextView(buffer = DigitsOf{Text(255, u'1') + u"2"}), Text(255, u'1'));
+  EXPECT_EQ(TextView(buffer = DigitsOf{Text(1000, u'x') + u"2"}), u"2");
+  EXPECT_EQ(TextView(buffer = DigitsOf{u""}), u"");
 }
 
 }  // namespace
