@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "cable/frmPuertos.h"
 #include "config/header.h"
@@ -131,11 +132,13 @@ class clsCfgConmut {
   void Abrir(TextView cadArch);
 
   // Writes the file anew. ConfigError 1501 for a blank path, 1502 when case, brand, model or
-  // separator is missing, 1500 when the file cannot be written; an existing file is gone then.
+  // separator is missing, 1500 when the file cannot be written; an existing file is gone then. Want
+  // of memory leaves it alone.
   void GuardarComo(TextView cadArch);
 
   // Writes the text exchange file anew. ConfigError 1501 for a blank path, 1503 when a value cannot
-  // be written; the values before it stay in the file.
+  // be written; the values before it stay in the file. 1503 for want of memory, too; an existing
+  // file is left alone then.
   void Exportar(TextView cadArch);
 
   // Reads a text exchange file over the configuration: what the file does not name stays. Only the
@@ -159,6 +162,7 @@ class clsCfgConmut {
 
   bool LeeCfgActual(TextView path);
   bool LeeCfgVersion2(TextView path);
+  std::vector<ProfileValue> ExchangeValues() const;
   void ReadExchange(TextView path, TextView& detail);
 
   const Platform platform_;

@@ -1,5 +1,6 @@
 // Exporting and importing: clsCfgConmut's side of the text exchange file.
 #include <array>
+#include <new>
 
 #include "config/character_codes.h"
 #include "config/clsCfgConmut.h"
@@ -59,52 +60,55 @@ void Check(bool passed) {
 
 void clsCfgConmut::Exportar(TextView cadArch) {
   if (Trim(cadArch).empty()) throw MakeConfigError(emErrorNoHayArchivo, u"Exportar");
+  // Hosts rely on one error for whatever goes wrong.
+  bool written = false;
+  try {
+    written = platform_.profiles.Replace(cadArch, ExchangeValues());
+  } catch (const std::bad_alloc&) {
+  }
+  if (!written) throw MakeConfigError(emErrorConfigExportar, u"Exportar");
+}
 
+std::vector<ProfileValue> clsCfgConmut::ExchangeValues() const {
   const CodePage& code_page = platform_.code_page;
-  const auto file = platform_.profiles.Create(cadArch);  // no stale key survives
-  const auto write = [&](TextView section, TextView key, TextView value) {
-    if (!basConmuta::EscribeValorPerfil(code_page, *file, section, key, value)) {
-      throw MakeConfigError(emErrorConfigExportar, u"Exportar");
-    }
+  std::vector<ProfileValue> values;
+  const auto add = [&](TextView section, TextView key, TextView value) {
+    values.push_back(basConmuta::ValorPerfil(code_page, section, key, value));
   };
-  write(kSwitchSection, u"Version", ToText(header_.Version));
-  write(kSwitchSection, u"Marca", Marca());
-  write(kSwitchSection, u"Modelo", Modelo());
-  write(kSwitchSection, u"Caso", ToText(header_.Caso));
-  write(kSwitchSection, u"Separador", ListaSeparador());
-  write(kSwitchSection, u"Comentarios", WithoutLineBreaks(Comentarios()));
+  add(kSwitchSection, u"Version", ToText(header_.Version));
+  add(kSwitchSection, u"Marca", Marca());
+  add(kSwitchSection, u"Modelo", Modelo());
+  add(kSwitchSection, u"Caso", ToText(header_.Caso));
+  add(kSwitchSection, u"Separador", ListaSeparador());
+  add(kSwitchSection, u"Comentarios", WithoutLineBreaks(Comentarios()));
   for (const WiringKey& row : kWiringKeys) {
-    write(kWiringSection, row.key,
-          basConmuta::ListaPinesACadena(header_.Cables.Table(row.pair), LeftPins(row.pair)));
+    add(kWiringSection, row.key,
+        basConmuta::ListaPinesACadena(header_.Cables.Table(row.pair), LeftPins(row.pair)));
   }
   int number = 0;
   for (const DATO& slot : datos_) {
     if (!DATOValido(slot)) continue;
-    write(kItemSection, NumberedKey(kItemKey, ++number), basConmuta::DATOACadena(slot));
+    add(kItemSection, NumberedKey(kItemKey, ++number), basConmuta::DATOACadena(slot));
   }
   number = 0;
   for (const CTE& slot : ctes_) {
     if (!CTEValido(slot)) continue;
-    write(kConstantSection, NumberedKey(kConstantKey, ++number),
-          basConmuta::CTEACadena(code_page, slot));
+    add(kConstantSection, NumberedKey(kConstantKey, ++number),
+        basConmuta::CTEACadena(code_page, slot));
   }
+  return values;
 }
 
 void clsCfgConmut::Importar(TextView cadArch) {
   const bool was_modified = modified_;
   TextView detail = kWrongVersion;
-  const auto error = [&] {
-    modified_ = was_modified;
-    return MakeConfigError(emErrorConfigImportar, u"Importar",
-                           Text(kLineBreak).append(detail).append(kLineBreak).append(cadArch));
-  };
   try {
     ReadExchange(cadArch, detail);
-  } catch (const CheckFailed&) {
-    throw error();
-  } catch (const OverflowError&) {
-    // Hosts rely on such a failure being reported with the text of the check before it.
-    throw error();
+  } catch (...) {
+    // Hosts rely on any failure being reported with the text of the check before it.
+    modified_ = was_modified;
+    throw MakeConfigError(emErrorConfigImportar, u"Importar",
+                          Text(kLineBreak).append(detail).append(kLineBreak).append(cadArch));
   }
   modified_ = false;
   if (listener_ != nullptr) listener_->ConfiguracionCargada();

@@ -22,6 +22,19 @@ void AppendValid(std::string& bytes, const SlotList<Slot>& list, const CodePage&
   }
 }
 
+// Of the next `count` records, as far as they are there, those that are valid.
+template <class Slot, class Take>
+std::vector<Slot> TakeValid(std::string_view& records, int count, Take take,
+                            const CodePage& code_page) {
+  std::vector<Slot> valid;
+  for (int i = 0; i < count; ++i) {
+    const auto record = take(records, code_page);
+    if (!record) break;
+    if (IsValid(*record)) valid.push_back(*record);
+  }
+  return valid;
+}
+
 }  // namespace
 
 void clsCfgConmut::GuardarComo(TextView cadArch) {
@@ -69,27 +82,26 @@ bool clsCfgConmut::LeeCfgActual(TextView path) {
     return false;
   }
 
+  // All that takes memory comes before the first change.
+  std::string_view records = std::string_view(content->bytes).substr(kHeaderBytes);
+  const auto items = TakeValid<DATO>(records, header->NumDATO, TakeDATO, code_page);
+  const auto constants = TakeValid<CTE>(records, header->NumCTE, TakeCTE, code_page);
+  datos_.Reserve(items.size());
+  ctes_.Reserve(constants.size());
+
   Reset();
   header_ = header->config;
-
   // Through the properties, type last: writing a position resets it.
-  std::string_view records = std::string_view(content->bytes).substr(kHeaderBytes);
-  for (int i = 0; i < header->NumDATO; ++i) {
-    const auto record = TakeDATO(records, code_page);
-    if (!record) break;
-    if (!DATOValido(*record)) continue;
-    DATOActivo(record->Param);
-    DATOPos(record->Pos);
-    DATOTam(record->Tam);
-    TipoDatoDATO(record->TipoDato);
+  for (const DATO& item : items) {
+    DATOActivo(item.Param);
+    DATOPos(item.Pos);
+    DATOTam(item.Tam);
+    TipoDatoDATO(item.TipoDato);
   }
-  for (int i = 0; i < header->NumCTE; ++i) {
-    const auto record = TakeCTE(records, code_page);
-    if (!record) break;
-    if (!CTEValido(*record)) continue;
-    CTEActivo(record->Param);
-    CTEPos(record->Pos);
-    Constante(record->Constante.Raw());
+  for (const CTE& constant : constants) {
+    CTEActivo(constant.Param);
+    CTEPos(constant.Pos);
+    Constante(constant.Constante.Raw());
   }
   return true;
 }
@@ -100,6 +112,8 @@ bool clsCfgConmut::LeeCfgVersion2(TextView path) {
   const auto record = ReadVersion2(content->bytes, platform_.code_page);
   if (!record) return false;
 
+  datos_.Reserve(record->items.size());
+  ctes_.Reserve(record->constants.size());
   Reset();
   Comentarios(record->Comentarios);
   Marca(record->Marca);

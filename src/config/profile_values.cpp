@@ -2,9 +2,9 @@
 
 namespace conmuta::basConmuta {
 
-bool EscribeValorPerfil(const CodePage& code_page, ProfileFile& file, TextView section,
-                        TextView key, TextView value) {
-  return file.Write(code_page.ToBytes(section), code_page.ToBytes(key), code_page.ToBytes(value));
+ProfileValue ValorPerfil(const CodePage& code_page, TextView section, TextView key,
+                         TextView value) {
+  return {code_page.ToBytes(section), code_page.ToBytes(key), code_page.ToBytes(value)};
 }
 
 Text LeeValorPerfil(const CodePage& code_page, ProfileFile& file, TextView section, TextView key) {

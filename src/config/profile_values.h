@@ -5,9 +5,8 @@
 
 namespace conmuta::basConmuta {
 
-// Whether the value was written.
-bool EscribeValorPerfil(const CodePage& code_page, ProfileFile& file, TextView section,
-                        TextView key, TextView value);
+// The value in the form in which profile files hold it.
+ProfileValue ValorPerfil(const CodePage& code_page, TextView section, TextView key, TextView value);
 
 // The value up to a NUL, less the blanks at its end; empty when there is none.
 Text LeeValorPerfil(const CodePage& code_page, ProfileFile& file, TextView section, TextView key);

@@ -1,6 +1,7 @@
 // The growable list of a configuration's slots, with an index by kind and a count of its changes.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <vector>
@@ -21,6 +22,11 @@ class SlotList {
   // not a kind.
   std::int16_t Busca(Kind kind) const {
     return IsKind<Slot>(kind) ? by_kind_[static_cast<std::size_t>(kind)] : std::int16_t{0};
+  }
+
+  // Takes the memory for so many more slots, of which no two have one kind; Alta needs none then.
+  void Reserve(std::size_t more) {
+    slots_.reserve(slots_.size() + std::min<std::size_t>(more, Slot::kUpperBound));
   }
 
   // Makes a slot for a code that Busca does not find: takes over the first one that is released or

@@ -22,7 +22,8 @@ struct FileContent {
   std::string bytes;       // from its beginning
 };
 
-// Paths are passed as given; one that holds a NUL names no file.
+// Paths are passed as given; one that holds a NUL names no file. Write, Remove and Copy take no
+// memory of ours: who has all that is to be written can delete what it replaces.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
@@ -34,8 +35,8 @@ class FileSystem {
   // never can).
   virtual std::optional<FileContent> Read(TextView path, std::size_t limit) = 0;
 
-  // Creates or replaces the file; false when that fails. A file that was opened but could not be
-  // written whole is deleted again; one that could not be opened is left alone.
+  // Creates or replaces the file; true when all of it is on the disk. A file that was opened but
+  // could not be written whole is deleted again; one that could not be opened is left alone.
   virtual bool Write(TextView path, std::string_view bytes) = 0;
 
   virtual bool Remove(TextView path) = 0;

@@ -75,39 +75,41 @@ std::string Decoded(std::string bytes, const CodePage& code_page) {
   return text ? code_page.ToBytes(*text) : std::move(bytes);
 }
 
-class TextProfile final : public ProfileFile {
+// The lines of a profile file, with an index of its sections and keys.
+class Lines {
  public:
-  TextProfile(FileSystem& files, const CodePage& code_page, TextView path)
-      : files_(files), code_page_(code_page), path_(path) {}
+  explicit Lines(std::string_view bytes = {}) : lines_(SplitLines(bytes)) { Index(); }
 
-  std::string Read(std::string_view section, std::string_view key) override {
-    Load();
+  std::string Read(std::string_view section, std::string_view key) const {
     const Section* found = Find(section);
     if (found == nullptr) return {};
     const auto line = found->keys.find(Folded(key));
     return line != found->keys.end() ? ValueOf(lines_[line->second]) : std::string();
   }
 
-  bool Write(std::string_view section, std::string_view key, std::string_view value) override {
-    Load();
-    if (unreadable_) return false;
+  void Put(const ProfileValue& value) {
     // A value with line ends in it makes lines of its own, here as in the file.
-    auto written = SplitLines(std::string(key).append("=").append(TrimFront(value)));
+    auto written = SplitLines(std::string(value.key).append("=").append(TrimFront(value.value)));
     auto place = lines_.end();
-    if (const Section* found = Find(section)) {
-      const auto present = found->keys.find(Folded(key));
+    if (const Section* found = Find(value.section)) {
+      const auto present = found->keys.find(Folded(value.key));
       if (present != found->keys.end()) {
         place = lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(present->second));
       } else {
         place = lines_.begin() + static_cast<std::ptrdiff_t>(found->end);
       }
     } else {
-      written.insert(written.begin(), std::string("[").append(section).append("]"));
+      written.insert(written.begin(), std::string("[").append(value.section).append("]"));
     }
     lines_.insert(place, std::make_move_iterator(written.begin()),
                   std::make_move_iterator(written.end()));
     Index();
-    return Save();
+  }
+
+  std::string Bytes() const {
+    std::string bytes;
+    for (const std::string& line : lines_) bytes.append(line).append(kLineEnd);
+    return bytes;
   }
 
  private:
@@ -115,16 +117,6 @@ class TextProfile final : public ProfileFile {
     std::unordered_map<std::string, std::size_t> keys;  // the line of each, by folded name
     std::size_t end = 0;                                // behind its last line that is not blank
   };
-
-  void Load() {
-    if (loaded_) return;
-    loaded_ = true;
-    auto content = files_.Read(path_, SIZE_MAX);
-    unreadable_ = !content && files_.Attributes(path_).has_value();
-    if (!content) return;
-    lines_ = SplitLines(Decoded(std::move(content->bytes), code_page_));
-    Index();
-  }
 
   void Index() {
     sections_.clear();
@@ -146,19 +138,40 @@ class TextProfile final : public ProfileFile {
     return found != sections_.end() ? &found->second : nullptr;
   }
 
-  bool Save() {
-    std::string bytes;
-    for (const std::string& line : lines_) bytes.append(line).append(kLineEnd);
-    return files_.Write(path_, bytes);
+  std::vector<std::string> lines_;
+  std::unordered_map<std::string, Section> sections_;
+};
+
+class TextProfile final : public ProfileFile {
+ public:
+  TextProfile(FileSystem& files, const CodePage& code_page, TextView path)
+      : files_(files), code_page_(code_page), path_(path) {}
+
+  std::string Read(std::string_view section, std::string_view key) override {
+    Load();
+    return lines_->Read(section, key);
+  }
+
+  bool Write(const ProfileValue& value) override {
+    Load();
+    if (unreadable_) return false;
+    lines_->Put(value);
+    return files_.Write(path_, lines_->Bytes());
+  }
+
+ private:
+  void Load() {
+    if (lines_) return;
+    auto content = files_.Read(path_, SIZE_MAX);
+    unreadable_ = !content && files_.Attributes(path_).has_value();
+    lines_.emplace(content ? Decoded(std::move(content->bytes), code_page_) : std::string());
   }
 
   FileSystem& files_;
   const CodePage& code_page_;
   const Text path_;
-  bool loaded_ = false;
   bool unreadable_ = false;  // though it is there: writing would lose what it holds
-  std::vector<std::string> lines_;
-  std::unordered_map<std::string, Section> sections_;
+  std::optional<Lines> lines_;
 };
 
 }  // namespace
@@ -167,9 +180,14 @@ std::unique_ptr<ProfileFile> TextProfiles::Open(TextView path) {
   return std::make_unique<TextProfile>(files_, code_page_, path);
 }
 
-std::unique_ptr<ProfileFile> TextProfiles::Create(TextView path) {
-  files_.Remove(path);
-  return Open(path);
+bool TextProfiles::Replace(TextView path, std::span<const ProfileValue> values) {
+  Lines anew;
+  for (const ProfileValue& value : values) anew.Put(value);
+  const std::string bytes = anew.Bytes();
+  if (files_.Remove(path) || !files_.Attributes(path)) return files_.Write(path, bytes);
+  const auto file = Open(path);
+  return std::all_of(values.begin(), values.end(),
+                     [&](const ProfileValue& value) { return file->Write(value); });
 }
 
 }  // namespace conmuta

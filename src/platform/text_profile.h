@@ -14,7 +14,7 @@ class TextProfiles final : public ProfileSystem {
       : files_(files), code_page_(code_page) {}
 
   std::unique_ptr<ProfileFile> Open(TextView path) override;
-  std::unique_ptr<ProfileFile> Create(TextView path) override;
+  bool Replace(TextView path, std::span<const ProfileValue> values) override;
 
  private:
   FileSystem& files_;

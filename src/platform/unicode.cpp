@@ -16,26 +16,40 @@ constexpr unsigned Byte(char c) {
   return static_cast<unsigned char>(c);
 }
 
-void AppendUtf8(std::string& bytes, char32_t c) {
-  const auto tail = [&](unsigned shift) {
-    bytes.push_back(static_cast<char>(0x80 | ((c >> shift) & 0x3F)));
-  };
-  if (c < 0x80) {
-    bytes.push_back(static_cast<char>(c));
-  } else if (c < 0x800) {
-    bytes.push_back(static_cast<char>(0xC0 | (c >> 6)));
-    tail(0);
-  } else if (c < 0x10000) {
-    bytes.push_back(static_cast<char>(0xE0 | (c >> 12)));
-    tail(6);
-    tail(0);
-  } else {
-    bytes.push_back(static_cast<char>(0xF0 | (c >> 18)));
-    tail(12);
-    tail(6);
-    tail(0);
+// Writes bytes into a room, and counts those that have none, too.
+class Utf8Writer {
+ public:
+  explicit Utf8Writer(std::span<char> room) : room_(room) {}
+
+  void Write(char32_t c) {
+    if (c < 0x80) {
+      Put(c);
+    } else if (c < 0x800) {
+      Put(0xC0 | (c >> 6));
+      PutTail(c, 0);
+    } else if (c < 0x10000) {
+      Put(0xE0 | (c >> 12));
+      PutTail(c, 6);
+      PutTail(c, 0);
+    } else {
+      Put(0xF0 | (c >> 18));
+      PutTail(c, 12);
+      PutTail(c, 6);
+      PutTail(c, 0);
+    }
   }
-}
+  std::size_t size() const { return size_; }
+
+ private:
+  void Put(char32_t byte) {
+    if (size_ < room_.size()) room_[size_] = static_cast<char>(byte);
+    ++size_;
+  }
+  void PutTail(char32_t c, unsigned shift) { Put(0x80 | ((c >> shift) & 0x3F)); }
+
+  const std::span<char> room_;
+  std::size_t size_ = 0;
+};
 
 // How many bytes follow a first byte; -1 for one that is none.
 constexpr int TailBytes(unsigned first) {
@@ -99,9 +113,8 @@ std::optional<Text> FromMarkedUnicode(std::string_view bytes) {
   return std::nullopt;
 }
 
-std::optional<std::string> ToUtf8(TextView text) {
-  std::string bytes;
-  bytes.reserve(text.size());
+std::optional<std::size_t> ToUtf8(TextView text, std::span<char> room) {
+  Utf8Writer writer(room);
   for (std::size_t i = 0; i < text.size(); ++i) {
     char32_t c = text[i];
     if (IsLowSurrogate(text[i])) return std::nullopt;
@@ -109,8 +122,16 @@ std::optional<std::string> ToUtf8(TextView text) {
       if (++i == text.size() || !IsLowSurrogate(text[i])) return std::nullopt;
       c = 0x10000 + ((c & 0x3FF) << 10) + (text[i] & 0x3FFu);
     }
-    AppendUtf8(bytes, c);
+    writer.Write(c);
   }
+  return writer.size();
+}
+
+std::optional<std::string> ToUtf8(TextView text) {
+  const auto size = ToUtf8(text, {});
+  if (!size) return std::nullopt;
+  std::string bytes(*size, '\0');
+  ToUtf8(text, bytes);
   return bytes;
 }
 

@@ -63,7 +63,7 @@ TEST(ProfileAgreement, OnWhatIsReadAndWritten) {
       const char* key = random.OneOf(kKeys);
       const char* value = random.OneOf(kValues);
       SCOPED_TRACE(section + " "s + key + "="s + value);
-      ASSERT_EQ(files[0]->Write(section, key, value), files[1]->Write(section, key, value));
+      ASSERT_EQ(files[0]->Write({section, key, value}), files[1]->Write({section, key, value}));
       ASSERT_NO_FATAL_FAILURE(compare());
       if (HasFailure()) return;
     }

@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 class MachineProfiles : public testing::Test {
  protected:
   static bool Write(TextView path) {
-    return SystemPlatform().profiles.Open(path)->Write("S", "k", "1");
+    return SystemPlatform().profiles.Open(path)->Write({"S", "k", "1"});
   }
   static std::string Read(TextView path) {
     return SystemPlatform().profiles.Open(path)->Read("S", "k");
@@ -63,7 +63,7 @@ TEST_F(MachineProfiles, PathThatNamesNoFile) {
 class TextProfile : public testing::Test {
  protected:
   bool Write(TextView value = u"1") {
-    return profiles.Open(u"f")->Write("S", "k", code_page.ToBytes(value));
+    return profiles.Open(u"f")->Write({"S", "k", code_page.ToBytes(value)});
   }
 
   test::FakeFiles files;
@@ -95,7 +95,7 @@ TEST_F(TextProfile, FileIsReadOnceForAnyNumberOfValues) {
   const auto file = profiles.Open(u"f");
   EXPECT_TRUE(files.operations.empty());
   for (int i = 0; i < 10; ++i) file->Read("S", "k");
-  EXPECT_TRUE(file->Write("S", "k", "1"));
+  EXPECT_TRUE(file->Write({"S", "k", "1"}));
   EXPECT_EQ(files.operations, (std::vector<std::string>{"read", "write"}));
 }
 

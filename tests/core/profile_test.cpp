@@ -251,7 +251,7 @@ TEST_P(ProfileWrites, ReadBackAndLeaveTheRest) {
   if (row.before) site->Put(kFile, *row.before);
   const auto file = site->platform().profiles.Open(site->Path(kFile));
   for (const Answer& write : row.writes) {
-    EXPECT_TRUE(file->Write(write.section, write.key, write.value));
+    EXPECT_TRUE(file->Write({write.section, write.key, write.value}));
   }
   const auto reopened = site->platform().profiles.Open(site->Path(kFile));
   for (const Answer& read : row.reads) {
@@ -320,8 +320,8 @@ TEST_P(Profile, ThousandsOfKeysAndSections) {
   EXPECT_EQ(file->Read("S0", "k0"), "0");
   EXPECT_EQ(file->Read("S2999", "k9"), "2999");
   EXPECT_EQ(file->Read("S3000", "k0"), "");
-  EXPECT_TRUE(file->Write("S1500", "k5", "new"));
-  EXPECT_TRUE(file->Write("S1500", "k10", "added"));
+  EXPECT_TRUE(file->Write({"S1500", "k5", "new"}));
+  EXPECT_TRUE(file->Write({"S1500", "k10", "added"}));
   EXPECT_EQ(file->Read("S1500", "k5"), "new");
   EXPECT_EQ(file->Read("S1500", "k10"), "added");
   EXPECT_EQ(file->Read("S1501", "k0"), "1501");

@@ -16,13 +16,9 @@ class StandInFile final : public ProfileFile {
     asked = std::string(section).append("/").append(key);
     return answer;
   }
-  bool Write(std::string_view section, std::string_view key, std::string_view value) override {
-    asked = std::string(section).append("/").append(key).append("=").append(value);
-    return succeeds;
-  }
+  bool Write(const ProfileValue&) override { return false; }
 
   std::string answer;
-  bool succeeds = true;
   std::string asked;
 };
 
@@ -38,16 +34,13 @@ class ProfileValues : public testing::Test {
 };
 
 TEST_F(ProfileValues, AreBytesOfTheCodePageInTheFile) {
-  EXPECT_TRUE(EscribeValorPerfil(code_page, file, u"S\u00F1", u"k\u00E9", u"\u00BF\u4E2D"));
-  EXPECT_EQ(file.asked, "S\xF1/k\xE9=\xBF?");
+  const auto value = ValorPerfil(code_page, u"S\u00F1", u"k\u00E9", u"\u00BF\u4E2D");
+  EXPECT_EQ(value.section, "S\xF1");
+  EXPECT_EQ(value.key, "k\xE9");
+  EXPECT_EQ(value.value, "\xBF?");
   file.answer = "A\xF1o";
   EXPECT_EQ(LeeValorPerfil(code_page, file, u"S\u00F1", u"k\u00E9"), u"A\u00F1o");
   EXPECT_EQ(file.asked, "S\xF1/k\xE9");
-}
-
-TEST_F(ProfileValues, TellWhetherTheyWereWritten) {
-  file.succeeds = false;
-  EXPECT_FALSE(EscribeValorPerfil(code_page, file, u"S", u"k", u"1"));
 }
 
 TEST_F(ProfileValues, LoseTheBlanksAtTheirEndOnly) {

@@ -16,8 +16,10 @@ class FailingProfiles final : public ProfileSystem {
   std::unique_ptr<ProfileFile> Open(TextView path) override {
     return std::make_unique<File>(*this, profiles_.Open(path));
   }
-  std::unique_ptr<ProfileFile> Create(TextView path) override {
-    return std::make_unique<File>(*this, profiles_.Create(path));
+  bool Replace(TextView path, std::span<const ProfileValue> values) override {
+    std::size_t before = 0;
+    while (before < values.size() && !Fails(values[before])) ++before;
+    return profiles_.Replace(path, values.first(before)) && before == values.size();
   }
 
   int failing_write = 0;            // counted from 1; 0 for none
@@ -32,17 +34,19 @@ class FailingProfiles final : public ProfileSystem {
     std::string Read(std::string_view section, std::string_view key) override {
       return file_->Read(section, key);
     }
-    bool Write(std::string_view section, std::string_view key, std::string_view value) override {
-      owner_.writes.push_back(
-          std::string(section).append("/").append(key).append("=").append(value));
-      if (std::cmp_equal(owner_.writes.size(), owner_.failing_write)) return false;
-      return file_->Write(section, key, value);
+    bool Write(const ProfileValue& value) override {
+      return !owner_.Fails(value) && file_->Write(value);
     }
 
    private:
     FailingProfiles& owner_;
     std::unique_ptr<ProfileFile> file_;
   };
+
+  bool Fails(const ProfileValue& value) {
+    writes.push_back(value.section + "/" + value.key + "=" + value.value);
+    return std::cmp_equal(writes.size(), failing_write);
+  }
 
   ProfileSystem& profiles_;
 };

@@ -1,16 +1,24 @@
 #pragma once
 
-#include <optional>
-#include <string>
+#include <array>
+#include <climits>
 
 #include "platform/unicode.h"
 
 namespace conmuta {
 
-// The path in UTF-8; nothing when it holds a NUL or half a surrogate pair, which name no file.
-inline std::optional<std::string> NativePath(TextView path) {
-  if (path.find(kNul) != TextView::npos) return std::nullopt;
-  return ToUtf8(path);
-}
+// A terminated path in UTF-8; empty, which names no file, when the path holds a NUL or half a
+// surrogate pair, or is longer than any.
+class NativePath {
+ public:
+  explicit NativePath(TextView path) {
+    const auto length = path.find(kNul) == TextView::npos ? ToUtf8(path, path_) : std::nullopt;
+    path_[length && *length < path_.size() ? *length : 0] = '\0';
+  }
+  const char* get() const { return path_.data(); }
+
+ private:
+  std::array<char, PATH_MAX> path_;  // only up to the NUL
+};
 
 }  // namespace conmuta

@@ -1,14 +1,16 @@
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdio>
 #include <ctime>
 #include <filesystem>
-#include <memory>
+#include <optional>
+#include <span>
 #include <system_error>
+#include <utility>
 
 #include "platform/minute_clock.h"
 #include "platform/platform.h"
@@ -67,59 +69,96 @@ class Windows1252 final : public CodePage {
       0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 };
 
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
+// An open file; opening may have failed.
+class Descriptor {
+ public:
+  Descriptor(TextView path, int flags)
+      : file_(open(NativePath(path).get(), flags | O_CLOEXEC, 0666)) {}
+  ~Descriptor() { Close(); }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+
+  explicit operator bool() const { return file_ >= 0; }
+  int get() const { return file_; }
+
+  // Fills the room as far as the file reaches; gives how much that is, nothing when reading fails.
+  std::optional<std::size_t> Read(std::span<char> room) const {
+    std::size_t done = 0;
+    while (done < room.size()) {
+      const ssize_t count = read(file_, room.data() + done, room.size() - done);
+      if (count < 0) return std::nullopt;
+      if (count == 0) break;
+      done += static_cast<std::size_t>(count);
+    }
+    return done;
+  }
+
+  bool Write(std::string_view bytes) const {
+    while (!bytes.empty()) {
+      const ssize_t count = write(file_, bytes.data(), bytes.size());
+      if (count <= 0) return false;
+      bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return true;
+  }
+
+  // Waits until the disk has what was written. What is no file of a disk has nothing to wait for.
+  bool Flush() const { return fsync(file_) == 0 || errno == EINVAL; }
+
+  bool Close() { return file_ < 0 || close(std::exchange(file_, -1)) == 0; }
+
+ private:
+  int file_;
 };
-using File = std::unique_ptr<std::FILE, CloseFile>;
+
+// Whether it is a file and no folder or the like, with its size.
+std::optional<std::uint64_t> SizeOf(const Descriptor& file) {
+  struct stat status {};
+  if (!file || fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  return static_cast<std::uint64_t>(status.st_size);
+}
 
 class PosixFiles final : public FileSystem {
  public:
   std::optional<std::uint32_t> Attributes(TextView path) override {
     struct stat status {};
-    const auto name = NativePath(path);
-    if (!name || stat(name->c_str(), &status) != 0) return std::nullopt;
+    const NativePath name(path);
+    if (stat(name.get(), &status) != 0) return std::nullopt;
     // There is no archive bit here; plain files answer as freshly written ones do on Windows.
     std::uint32_t attributes = S_ISDIR(status.st_mode) ? kAttributeDirectory : kAttributeArchive;
-    if (access(name->c_str(), W_OK) != 0) attributes |= kAttributeReadOnly;
+    if (access(name.get(), W_OK) != 0) attributes |= kAttributeReadOnly;
     return attributes;
   }
 
   std::optional<FileContent> Read(TextView path, std::size_t limit) override {
-    const auto name = NativePath(path);
-    if (!name) return std::nullopt;
-    const File file(std::fopen(name->c_str(), "rb"));
-    struct stat status {};
-    if (!file || fstat(fileno(file.get()), &status) != 0 || !S_ISREG(status.st_mode)) {
-      return std::nullopt;
-    }
-    FileContent content;
-    content.size = static_cast<std::uint64_t>(status.st_size);
-    content.bytes.resize(static_cast<std::size_t>(std::min<std::uint64_t>(content.size, limit)));
-    content.bytes.resize(std::fread(content.bytes.data(), 1, content.bytes.size(), file.get()));
-    if (std::ferror(file.get()) != 0) return std::nullopt;
+    const Descriptor file(path, O_RDONLY);
+    const auto size = SizeOf(file);
+    if (!size) return std::nullopt;
+    FileContent content{
+        *size, std::string(static_cast<std::size_t>(std::min<std::uint64_t>(*size, limit)), '\0')};
+    const auto count = file.Read(content.bytes);
+    if (!count) return std::nullopt;
+    content.bytes.resize(*count);
     return content;
   }
 
   bool Write(TextView path, std::string_view bytes) override {
-    const auto name = NativePath(path);
-    if (!name) return false;
-    File file(std::fopen(name->c_str(), "wb"));
-    if (!file) return false;
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-    const bool closed = std::fclose(file.release()) == 0;
-    if (written && closed) return true;
-    std::remove(name->c_str());
-    return false;
+    return Create(path, [&](const Descriptor& file) { return file.Write(bytes); });
   }
 
-  bool Remove(TextView path) override {
-    const auto name = NativePath(path);
-    return name && unlink(name->c_str()) == 0;
-  }
+  bool Remove(TextView path) override { return unlink(NativePath(path).get()) == 0; }
 
   bool Copy(TextView from, TextView to) override {
-    const auto content = Read(from, SIZE_MAX);
-    return content && Write(to, content->bytes);
+    const Descriptor source(from, O_RDONLY);
+    return SizeOf(source) && Create(to, [&](const Descriptor& target) {
+             std::array<char, 4096> room;
+             std::optional<std::size_t> count;
+             do {
+               count = source.Read(room);
+               if (!count || !target.Write({room.data(), *count})) return false;
+             } while (*count == room.size());
+             return true;
+           });
   }
 
   std::vector<Text> List(TextView pattern) override {
@@ -130,10 +169,8 @@ class PosixFiles final : public FileSystem {
     const TextView begin = name_pattern.substr(0, star);
     const TextView end = star != TextView::npos ? name_pattern.substr(star + 1) : TextView();
     std::vector<Text> names;
-    const auto path = NativePath(folder);
     std::error_code error;
-    if (!path) return names;
-    for (const auto& entry : std::filesystem::directory_iterator(*path, error)) {
+    for (const auto& entry : std::filesystem::directory_iterator(NativePath(folder).get(), error)) {
       Text name = entry.path().filename().u16string();
       const bool matches = star == TextView::npos
                                ? name == name_pattern
@@ -154,7 +191,19 @@ class PosixFiles final : public FileSystem {
   }
   void CurrentDirectory(TextView path) override {
     std::error_code error;
-    if (const auto name = NativePath(path)) std::filesystem::current_path(*name, error);
+    std::filesystem::current_path(NativePath(path).get(), error);
+  }
+
+ private:
+  // A file that cannot be filled does not stay.
+  template <class Fill>
+  static bool Create(TextView path, Fill fill) {
+    Descriptor file(path, O_WRONLY | O_CREAT | O_TRUNC);
+    if (!file) return false;
+    const bool filled = fill(file) && file.Flush();
+    if (file.Close() && filled) return true;
+    unlink(NativePath(path).get());
+    return false;
   }
 };
 

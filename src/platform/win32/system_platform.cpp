@@ -6,6 +6,7 @@
 
 #include "platform/minute_clock.h"
 #include "platform/platform.h"
+#include "platform/win32/flush.h"
 #include "platform/win32/system_profile.h"
 
 namespace conmuta {
@@ -93,16 +94,40 @@ class FileHandle {
   HANDLE handle_;
 };
 
-// A terminated path for the system; empty, which names no file, when the path holds a NUL.
+// A terminated path for the system; empty, which names no file, when the path holds a NUL or is
+// longer than any.
 class NativePath {
  public:
   explicit NativePath(TextView path) {
-    if (path.find(kNul) == TextView::npos) path_.assign(path.begin(), path.end());
+    const bool is_path = path.size() < path_.size() && path.find(kNul) == TextView::npos;
+    *std::copy_n(path.begin(), is_path ? path.size() : 0, path_.begin()) = L'\0';
   }
-  const wchar_t* get() const { return path_.c_str(); }
+  const wchar_t* get() const { return path_.data(); }
 
  private:
-  std::wstring path_;
+  static constexpr std::size_t kMostCharacters = 32768;
+  std::array<wchar_t, kMostCharacters> path_;  // only up to the NUL
+};
+
+// Walks the entries that match a pattern.
+class Search {
+ public:
+  explicit Search(const wchar_t* pattern)
+      : handle_(FindFirstFileW(pattern, &entry_)), found_(handle_ != INVALID_HANDLE_VALUE) {}
+  ~Search() {
+    if (handle_ != INVALID_HANDLE_VALUE) FindClose(handle_);
+  }
+  Search(const Search&) = delete;
+  Search& operator=(const Search&) = delete;
+
+  explicit operator bool() const { return found_; }
+  std::wstring_view name() const { return entry_.cFileName; }
+  void Next() { found_ = FindNextFileW(handle_, &entry_) != 0; }
+
+ private:
+  WIN32_FIND_DATAW entry_{};
+  const HANDLE handle_;
+  bool found_;
 };
 
 class WindowsFiles final : public FileSystem {
@@ -138,7 +163,7 @@ class WindowsFiles final : public FileSystem {
     DWORD written = 0;
     const bool complete =
         WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
-        written == bytes.size();
+        written == bytes.size() && Flush(file.get());
     file.Close();
     if (!complete) DeleteFileW(name.get());
     return complete;
@@ -150,7 +175,7 @@ class WindowsFiles final : public FileSystem {
     const NativePath target(to);
     if (!CopyFileW(NativePath(from).get(), target.get(), FALSE)) return false;
     const DWORD attributes = GetFileAttributesW(target.get());
-    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
       SetFileAttributesW(target.get(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
     }
     return true;
@@ -158,14 +183,9 @@ class WindowsFiles final : public FileSystem {
 
   std::vector<Text> List(TextView pattern) override {
     std::vector<Text> names;
-    WIN32_FIND_DATAW entry;
-    const HANDLE search = FindFirstFileW(NativePath(pattern).get(), &entry);
-    if (search == INVALID_HANDLE_VALUE) return names;
-    do {
-      const std::wstring_view name(entry.cFileName);
-      names.emplace_back(name.begin(), name.end());
-    } while (FindNextFileW(search, &entry));
-    FindClose(search);
+    for (Search search(NativePath(pattern).get()); search; search.Next()) {
+      names.emplace_back(search.name().begin(), search.name().end());
+    }
     return names;
   }
 

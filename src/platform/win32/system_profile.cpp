@@ -2,7 +2,11 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
+#include <optional>
+
+#include "platform/win32/flush.h"
 
 namespace conmuta {
 namespace {
@@ -38,29 +42,10 @@ std::string ExactName(const CodePage& code_page, const std::wstring& path) {
   return name;
 }
 
-// A file that the profile functions can name. Without a name nothing is read or written.
-class SystemProfile final : public ProfileFile {
- public:
-  explicit SystemProfile(std::string name) : name_(std::move(name)) {}
-
-  std::string Read(std::string_view section, std::string_view key) override {
-    if (name_.empty()) return {};
-    std::array<char, kMostProfileBytes + 1> value;
-    const DWORD length =
-        GetPrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(), nullptr,
-                                 value.data(), static_cast<DWORD>(value.size()), name_.c_str());
-    return std::string(value.data(), length);
-  }
-
-  bool Write(std::string_view section, std::string_view key, std::string_view value) override {
-    return !name_.empty() &&
-           WritePrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(),
-                                      std::string(value).c_str(), name_.c_str()) > 0;
-  }
-
- private:
-  const std::string name_;
-};
+bool WriteValue(const std::string& name, const ProfileValue& value) {
+  return WritePrivateProfileStringA(value.section.c_str(), value.key.c_str(), value.value.c_str(),
+                                    name.c_str()) > 0;
+}
 
 // An empty file among the temporary ones, whose name the code page has; deleted in the end.
 class TemporaryFile {
@@ -93,51 +78,80 @@ class TemporaryFile {
   std::string name_;
 };
 
-// A file whose path the code page lacks, by way of one that the profile functions can name. They
-// cannot do without names in the code page, and not every disk has short names.
-class StandInProfile final : public ProfileFile {
+// A file with the name under which the profile functions reach it. They cannot do without names in
+// the code page, and not every disk has short names: where a path has none, a temporary file stands
+// in for it.
+class SystemProfile final : public ProfileFile {
  public:
-  StandInProfile(const CodePage& code_page, std::wstring path)
-      : path_(std::move(path)), stand_in_(code_page), profile_(stand_in_.name()) {}
+  SystemProfile(const CodePage& code_page, TextView path)
+      : path_(FullPath(path)), name_(ExactName(code_page, path_)) {
+    if (path_.empty() || !name_.empty()) return;
+    stand_in_.emplace(code_page);
+    name_ = stand_in_->name();
+  }
 
+  // What the stand-in stands for is in it.
   void Load() {
-    CopyFileW(path_.c_str(), stand_in_.path(), FALSE);
-    SetFileAttributesW(stand_in_.path(), FILE_ATTRIBUTE_NORMAL);  // a copy may be read-only
+    if (!stand_in_) return;
+    CopyFileW(path_.c_str(), stand_in_->path(), FALSE);
+    SetFileAttributesW(stand_in_->path(), FILE_ATTRIBUTE_NORMAL);  // a copy may be read-only
   }
 
   std::string Read(std::string_view section, std::string_view key) override {
-    return profile_.Read(section, key);
+    if (name_.empty()) return {};
+    std::array<char, kMostProfileBytes + 1> value;
+    const DWORD length =
+        GetPrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(), nullptr,
+                                 value.data(), static_cast<DWORD>(value.size()), name_.c_str());
+    return std::string(value.data(), length);
   }
 
-  bool Write(std::string_view section, std::string_view key, std::string_view value) override {
-    return profile_.Write(section, key, value) &&
-           CopyFileW(stand_in_.path(), path_.c_str(), FALSE) != 0;
+  bool Write(const ProfileValue& value) override { return WriteAll({&value, 1}); }
+
+  bool Replace(std::span<const ProfileValue> values) {
+    if (name_.empty()) return false;
+    DeleteFileW(path_.c_str());
+    return WriteAll(values) && FlushAll();
   }
 
  private:
+  // Takes no memory of ours.
+  bool WriteAll(std::span<const ProfileValue> values) {
+    if (name_.empty()) return false;
+    const bool written = std::all_of(values.begin(), values.end(), [&](const ProfileValue& value) {
+      return WriteValue(name_, value);
+    });
+    // As far as it came.
+    const bool there = !stand_in_ || CopyFileW(stand_in_->path(), path_.c_str(), FALSE) != 0;
+    return written && there;
+  }
+
+  // The profile functions do not wait for the disk.
+  bool FlushAll() const {
+    const HANDLE file = CreateFileW(path_.c_str(), GENERIC_WRITE,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    const bool flushed = Flush(file);
+    CloseHandle(file);
+    return flushed;
+  }
+
   const std::wstring path_;
-  TemporaryFile stand_in_;
-  SystemProfile profile_;
+  std::string name_;  // empty: nothing is read or written
+  std::optional<TemporaryFile> stand_in_;
 };
 
 }  // namespace
 
 std::unique_ptr<ProfileFile> SystemProfiles::Open(TextView path) {
-  const std::wstring full = FullPath(path);
-  std::string name = ExactName(code_page_, full);
-  if (full.empty() || !name.empty()) return std::make_unique<SystemProfile>(std::move(name));
-  auto profile = std::make_unique<StandInProfile>(code_page_, full);
+  auto profile = std::make_unique<SystemProfile>(code_page_, path);
   profile->Load();
   return profile;
 }
 
-std::unique_ptr<ProfileFile> SystemProfiles::Create(TextView path) {
-  const std::wstring full = FullPath(path);
-  std::string name = ExactName(code_page_, full);
-  // What a stand-in replaces goes with its first write.
-  if (!full.empty() && name.empty()) return std::make_unique<StandInProfile>(code_page_, full);
-  DeleteFileW(full.c_str());
-  return std::make_unique<SystemProfile>(std::move(name));
+bool SystemProfiles::Replace(TextView path, std::span<const ProfileValue> values) {
+  return SystemProfile(code_page_, path).Replace(values);
 }
 
 }  // namespace conmuta

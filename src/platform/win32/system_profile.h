@@ -11,7 +11,7 @@ class SystemProfiles final : public ProfileSystem {
   explicit SystemProfiles(const CodePage& code_page) : code_page_(code_page) {}
 
   std::unique_ptr<ProfileFile> Open(TextView path) override;
-  std::unique_ptr<ProfileFile> Create(TextView path) override;
+  bool Replace(TextView path, std::span<const ProfileValue> values) override;
 
  private:
   const CodePage& code_page_;
