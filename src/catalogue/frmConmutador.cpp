@@ -266,8 +266,8 @@ void frmConmutador::btnInstalar() {
   }
   if (!platform_.files.Exists(selected_file_)) return;
   folder_.Install(platform_.files, selected_file_);
+  RaiseInstalled();  // whatever comes of showing it
   MarkDefault();
-  RaiseInstalled();
   view_.ShowMessage(Text(u"Se ha predeterminado exitosamente el conmutador ")
                         .append(kLineBreak)
                         .append(config_.NombreConmutador())

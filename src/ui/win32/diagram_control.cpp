@@ -26,7 +26,7 @@ class DiagramClass {
     window_class.hInstance = ThisModule();
     window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     window_class.lpszClassName = kClassName;
-    RegisterClassExW(&window_class);
+    if (RegisterClassExW(&window_class) == 0) throw std::bad_alloc();
   }
   ~DiagramClass() { UnregisterClassW(kClassName, ThisModule()); }
   DiagramClass(const DiagramClass&) = delete;
@@ -70,6 +70,10 @@ const wchar_t* DiagramControl::ClassName() {
 
 DiagramControl::DiagramControl(frmPuertos& editor)
     : desk_(editor, [this](const std::vector<Box>& boxes) { Repaint(boxes); }) {}
+
+DiagramControl::~DiagramControl() {
+  if (IsWindow(control_)) SetWindowLongPtrW(control_, GWLP_USERDATA, 0);
+}
 
 void DiagramControl::Attach(HWND control, Guard guard) {
   control_ = control;

@@ -15,6 +15,7 @@ class DiagramControl {
   static const wchar_t* ClassName();
 
   explicit DiagramControl(frmPuertos& editor);
+  ~DiagramControl();
   DiagramControl(const DiagramControl&) = delete;
   DiagramControl& operator=(const DiagramControl&) = delete;
 

@@ -47,15 +47,18 @@ class WindowClass {
     window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     window_class.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     window_class.lpszClassName = kClassName;
-    RegisterClassExW(&window_class);
+    if (RegisterClassExW(&window_class) == 0) throw std::bad_alloc();
   }
   ~WindowClass() { UnregisterClassW(kClassName, ThisModule()); }
   WindowClass(const WindowClass&) = delete;
   WindowClass& operator=(const WindowClass&) = delete;
 };
 
+// What derived classes were is gone by now: their members must not be called any more.
 Window::~Window() {
-  if (handle_ != nullptr) DestroyWindow(handle_);
+  if (handle_ == nullptr) return;
+  SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
+  DestroyWindow(handle_);
 }
 
 void Window::Create(const Text& caption) {
@@ -183,11 +186,11 @@ void Window::RunModal() {
   WPARAM exit_code = 0;
   {
     const OtherWindowsDisabled others(handle_);
-    open_ = true;
+    open_ = !failure_;  // there may be one from before, of a message that was sent
     ShowWindow(handle_, SW_SHOWNORMAL);
     SetForegroundWindow(handle_);
     if (const HWND first = GetNextDlgTabItem(handle_, nullptr, FALSE)) SetFocus(first);
-    KeepFocus();
+    Safely([this] { KeepFocus(); });
 
     MSG message;
     while (open_) {
@@ -201,7 +204,7 @@ void Window::RunModal() {
         TranslateMessage(&message);
         DispatchMessageW(&message);
       }
-      KeepFocus();
+      Safely([this] { KeepFocus(); });
     }
     open_ = false;
   }

@@ -15,9 +15,8 @@ class RealView : public Base {
   }
   void Run(Logic& logic) override {
     Real real(logic);
-    real_ = &real;
+    const Shown shown(real_, real);
     real.RunModal();
-    real_ = nullptr;
   }
   void Close() override {
     if (real_ != nullptr) real_->Close();
@@ -25,6 +24,19 @@ class RealView : public Base {
 
  protected:
   Real* real_ = nullptr;
+
+ private:
+  // Knows the window for as long as it is there, however that ends.
+  class Shown {
+   public:
+    Shown(Real*& known, Real& real) : known_(known) { known_ = &real; }
+    ~Shown() { known_ = nullptr; }
+    Shown(const Shown&) = delete;
+    Shown& operator=(const Shown&) = delete;
+
+   private:
+    Real*& known_;
+  };
 };
 
 }  // namespace conmuta::win32
