@@ -2,8 +2,6 @@
 
 #include <atomic>
 
-#include "component/thread_slots.h"
-
 namespace __gnu_cxx {
 void __freeres();  // of the C++ library; no header has it
 }
@@ -83,11 +81,8 @@ void Attach(HINSTANCE dll) {
 
 BOOL WINAPI DllMain(HINSTANCE dll, DWORD reason, void* process_ends) {
   if (reason == DLL_PROCESS_ATTACH) conmuta::component::module::Attach(dll);
-  // A host that loads and unloads us a thousand times must not pay for each. The runtime's memory
-  // for exceptions thrown when there is none would stay, too.
-  if (reason == DLL_PROCESS_DETACH && process_ends == nullptr) {
-    __gnu_cxx::__freeres();
-    conmuta::component::GiveBackThreadSlots();
-  }
+  // The run time keeps memory for exceptions thrown when there is none, and would leave it to the
+  // process: a host that loads and unloads us a thousand times would pay for each.
+  if (reason == DLL_PROCESS_DETACH && process_ends == nullptr) __gnu_cxx::__freeres();
   return TRUE;
 }
