@@ -75,7 +75,7 @@ class AutomationObject : public Interface,
     if (info == nullptr) return E_POINTER;
     *info = nullptr;
     if (index != 0) return DISP_E_BADINDEX;
-    return module::TypeInfoOf(identity_.iid, info);
+    return HandOut(identity_.iid, info);
   }
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
     if (names == nullptr || ids == nullptr) return E_POINTER;
@@ -95,7 +95,7 @@ class AutomationObject : public Interface,
   }
 
   STDMETHODIMP GetClassInfo(ITypeInfo** info) override {
-    return info == nullptr ? E_POINTER : module::TypeInfoOf(identity_.clsid, info);
+    return info == nullptr ? E_POINTER : HandOut(identity_.clsid, info);
   }
   STDMETHODIMP GetGUID(DWORD kind, GUID* guid) override {
     if (guid == nullptr) return E_POINTER;
@@ -150,12 +150,16 @@ class AutomationObject : public Interface,
   }
 
  private:
+  HRESULT HandOut(REFGUID guid, ITypeInfo** info) {
+    return GuardedResult(Self(), IID_NULL, info, [&] { return module::TypeInfoOf(guid).CopyTo(); });
+  }
+
   template <class Call>
   HRESULT WithDispatcher(Call&& call) {
     HRESULT result = S_OK;
     const HRESULT guarded = Guarded(Self(), IID_NULL, [&] {
-      if (!dispatcher_) dispatcher_ = Dispatcher::For(identity_.iid, result);
-      if (dispatcher_) result = call();
+      if (!dispatcher_) dispatcher_ = Dispatcher::For(identity_.iid);
+      result = call();
     });
     return FAILED(guarded) ? guarded : result;
   }

@@ -22,6 +22,7 @@ LPOLESTR Terminated(const Text& text) {
 }
 
 HRESULT Report(REFIID iid, HRESULT result, const Text& source, const Text& description) {
+  SetErrorInfo(0, nullptr);  // what an earlier failure left does not belong to this one
   ComPtr<ICreateErrorInfo> creator;
   if (FAILED(CreateErrorInfo(creator.Receive()))) return result;
   creator->SetGUID(iid);
@@ -54,7 +55,7 @@ HRESULT ReportLine(REFIID iid, LineError error) noexcept {
 }
 
 HRESULT ReportPlain(HRESULT result) noexcept {
-  SetErrorInfo(0, nullptr);  // what an earlier failure left does not belong to this one
+  SetErrorInfo(0, nullptr);
   return result;
 }
 
@@ -71,6 +72,8 @@ HRESULT ReportCurrentException(REFIID iid) noexcept {
     } catch (const ObjectNotSetError&) {
       return Report(iid, kObjectNotSet, kSource,
                     u"Variable de objeto o de bloque With no establecida");
+    } catch (const CallFailed& failure) {
+      return ReportPlain(failure.result);
     } catch (const TypeMismatchError&) {
       return ReportPlain(DISP_E_TYPEMISMATCH);
     } catch (const std::bad_alloc&) {

@@ -220,7 +220,7 @@ class CfgConmut final : public Base, private ConfigListener {
 }  // namespace
 
 HRESULT CreateCfgConmut(IUnknown** object) {
-  return Create<CfgConmut>(object);
+  return Create(object, [] { return new CfgConmut(); });
 }
 
 }  // namespace conmuta::component

@@ -72,6 +72,14 @@ class Variant : public VARIANT {
   Variant& operator=(const Variant&) = delete;
 };
 
+// A call of the system's or of another object's failed; hosts get its answer.
+struct CallFailed {
+  HRESULT result;
+};
+inline void Require(HRESULT result) {
+  if (FAILED(result)) throw CallFailed{result};
+}
+
 // Null and the empty BSTR are the same text.
 inline TextView View(BSTR text) {
   return {reinterpret_cast<const char16_t*>(text), SysStringLen(text)};

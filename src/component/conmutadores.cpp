@@ -55,7 +55,7 @@ class Conmutadores final : public Base {
 }  // namespace
 
 HRESULT CreateConmutadores(IUnknown** object) {
-  return Create<Conmutadores>(object);
+  return Create(object, [] { return new Conmutadores(); });
 }
 
 }  // namespace conmuta::component

@@ -136,15 +136,13 @@ HRESULT Exception(HRESULT failed, EXCEPINFO* exception) {
 
 }  // namespace
 
-std::shared_ptr<const Dispatcher> Dispatcher::For(REFIID iid, HRESULT& result) {
+std::shared_ptr<const Dispatcher> Dispatcher::For(REFIID iid) {
   Cache cache;
   auto& cached = cache.Of(iid);
-  result = S_OK;
   if (cached) return cached;
   const auto made = std::make_shared<Dispatcher>();
-  result = module::TypeInfoOf(iid, made->info_.Receive());
-  if (SUCCEEDED(result)) result = made->members_.Read(made->info_.get());
-  if (FAILED(result)) return nullptr;
+  made->info_ = module::TypeInfoOf(iid);
+  made->members_.Read(made->info_.get());
   return cached = made;
 }
 

@@ -16,9 +16,8 @@ namespace conmuta::component {
 // Late binding to the objects of one interface.
 class Dispatcher {
  public:
-  // The one of an interface of ours, made when it is first wanted; null with the reason in `result`
-  // when there is none.
-  static std::shared_ptr<const Dispatcher> For(REFIID iid, HRESULT& result);
+  // The one of an interface of ours, made when it is first wanted.
+  static std::shared_ptr<const Dispatcher> For(REFIID iid);
 
   // Keeps none for the next object.
   static void ForgetAll();

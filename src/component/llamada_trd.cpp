@@ -142,7 +142,9 @@ class LlamadaTRD final : public Base {
 }  // namespace
 
 HRESULT CreateLlamadaTRD(IUnknown** object) {
-  return Create<LlamadaTRD>(object, std::make_shared<clsLlamadaTRD>(SystemPlatform().clock));
+  return Create(object, [] {
+    return new LlamadaTRD(std::make_shared<clsLlamadaTRD>(SystemPlatform().clock));
+  });
 }
 
 ComPtr<_clsLlamadaTRD> WrapCall(std::shared_ptr<clsLlamadaTRD> call) {

@@ -14,16 +14,11 @@ constexpr wchar_t Folded(wchar_t c) {
 // Owns what type information hands out for a while.
 class Attributes {
  public:
-  explicit Attributes(ITypeInfo* info) : info_(info) {
-    if (FAILED(info_->GetTypeAttr(&attributes_))) attributes_ = nullptr;
-  }
-  ~Attributes() {
-    if (attributes_ != nullptr) info_->ReleaseTypeAttr(attributes_);
-  }
+  explicit Attributes(ITypeInfo* info) : info_(info) { Require(info_->GetTypeAttr(&attributes_)); }
+  ~Attributes() { info_->ReleaseTypeAttr(attributes_); }
   Attributes(const Attributes&) = delete;
   Attributes& operator=(const Attributes&) = delete;
 
-  explicit operator bool() const { return attributes_ != nullptr; }
   const TYPEATTR* operator->() const { return attributes_; }
 
  private:
@@ -34,15 +29,12 @@ class Attributes {
 class Function {
  public:
   Function(ITypeInfo* info, UINT index) : info_(info) {
-    if (FAILED(info_->GetFuncDesc(index, &description_))) description_ = nullptr;
+    Require(info_->GetFuncDesc(index, &description_));
   }
-  ~Function() {
-    if (description_ != nullptr) info_->ReleaseFuncDesc(description_);
-  }
+  ~Function() { info_->ReleaseFuncDesc(description_); }
   Function(const Function&) = delete;
   Function& operator=(const Function&) = delete;
 
-  explicit operator bool() const { return description_ != nullptr; }
   const FUNCDESC& operator*() const { return *description_; }
 
  private:
@@ -56,9 +48,8 @@ Parameter Resolve(ITypeInfo* info, const TYPEDESC& type);
 Parameter ResolveDefined(ITypeInfo* info, HREFTYPE reference) {
   Parameter result;
   ComPtr<ITypeInfo> defined;
-  if (FAILED(info->GetRefTypeInfo(reference, defined.Receive()))) return result;
+  Require(info->GetRefTypeInfo(reference, defined.Receive()));
   const Attributes attributes(defined.get());
-  if (!attributes) return result;
   switch (attributes->typekind) {
     case TKIND_ALIAS:
       return Resolve(defined.get(), attributes->tdescAlias);
@@ -101,26 +92,19 @@ bool MemberTable::FoldedEqual::operator()(std::wstring_view a, std::wstring_view
                     [](wchar_t x, wchar_t y) { return Folded(x) == Folded(y); });
 }
 
-HRESULT MemberTable::Read(ITypeInfo* dispatch) {
+void MemberTable::Read(ITypeInfo* dispatch) {
   // The other face of a dual interface tells slots and true parameters.
   HREFTYPE reference = 0;
-  HRESULT result = dispatch->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference);
-  if (FAILED(result)) return result;
+  Require(dispatch->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference));
   ComPtr<ITypeInfo> info;
-  result = dispatch->GetRefTypeInfo(reference, info.Receive());
-  if (FAILED(result)) return result;
-  for (UINT i = 0;; ++i) {
-    const Function function(info.get(), i);
-    if (!function) break;
-    result = Add(info.get(), *function);
-    if (FAILED(result)) return result;
-  }
+  Require(dispatch->GetRefTypeInfo(reference, info.Receive()));
+  const Attributes attributes(info.get());
+  for (UINT i = 0; i < attributes->cFuncs; ++i) Add(info.get(), *Function(info.get(), i));
   std::stable_sort(members_.begin(), members_.end(),
                    [](const Member& a, const Member& b) { return a.id < b.id; });
-  return S_OK;
 }
 
-HRESULT MemberTable::Add(ITypeInfo* info, const FUNCDESC& function) {
+void MemberTable::Add(ITypeInfo* info, const FUNCDESC& function) {
   Member member;
   member.id = function.memid;
   member.kind = function.invkind;
@@ -136,16 +120,13 @@ HRESULT MemberTable::Add(ITypeInfo* info, const FUNCDESC& function) {
       member.parameters.push_back(parameter);
     }
   }
-  if (member.parameters.size() > kMostParameters) return E_UNEXPECTED;
+  if (member.parameters.size() > kMostParameters) throw CallFailed{E_UNEXPECTED};
   members_.push_back(std::move(member));
 
   Variant name;
   V_VT(&name) = VT_BSTR;
-  const HRESULT result =
-      info->GetDocumentation(function.memid, &V_BSTR(&name), nullptr, nullptr, nullptr);
-  if (FAILED(result)) return result;
+  Require(info->GetDocumentation(function.memid, &V_BSTR(&name), nullptr, nullptr, nullptr));
   ids_.emplace(std::wstring(V_BSTR(&name), SysStringLen(V_BSTR(&name))), function.memid);
-  return S_OK;
 }
 
 std::optional<DISPID> MemberTable::IdOf(std::wstring_view name) const {

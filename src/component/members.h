@@ -37,7 +37,8 @@ struct Member {
 // Read once from the type information of a dual interface; its own members, not the inherited ones.
 class MemberTable {
  public:
-  HRESULT Read(ITypeInfo* dispatch);
+  // Whole or not at all.
+  void Read(ITypeInfo* dispatch);
 
   // Names are plain ASCII, in any letter case and whatever the locale.
   std::optional<DISPID> IdOf(std::wstring_view name) const;
@@ -56,7 +57,7 @@ class MemberTable {
     bool operator()(std::wstring_view a, std::wstring_view b) const;
   };
 
-  HRESULT Add(ITypeInfo* info, const FUNCDESC& function);
+  void Add(ITypeInfo* info, const FUNCDESC& function);
 
   std::vector<Member> members_;  // by id
   std::unordered_map<std::wstring, DISPID, FoldedHash, FoldedEqual> ids_;

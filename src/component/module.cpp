@@ -52,12 +52,10 @@ std::wstring Path() {
   }
 }
 
-HRESULT Library(ComPtr<ITypeLib>& loaded) {
+ComPtr<ITypeLib> Library() {
   const LibraryLock lock;
-  const HRESULT result =
-      library != nullptr ? S_OK : LoadTypeLibEx(Path().c_str(), REGKIND_NONE, &library);
-  if (SUCCEEDED(result)) loaded = ComPtr<ITypeLib>(library);
-  return result;
+  if (library == nullptr) Require(LoadTypeLibEx(Path().c_str(), REGKIND_NONE, &library));
+  return ComPtr<ITypeLib>(library);
 }
 
 void ForgetLibrary() {
@@ -66,10 +64,10 @@ void ForgetLibrary() {
   library = nullptr;
 }
 
-HRESULT TypeInfoOf(REFGUID guid, ITypeInfo** info) {
-  ComPtr<ITypeLib> loaded;
-  const HRESULT result = Library(loaded);
-  return FAILED(result) ? result : loaded->GetTypeInfoOfGuid(guid, info);
+ComPtr<ITypeInfo> TypeInfoOf(REFGUID guid) {
+  ComPtr<ITypeInfo> info;
+  Require(Library()->GetTypeInfoOfGuid(guid, info.Receive()));
+  return info;
 }
 
 void Attach(HINSTANCE dll) {

@@ -37,11 +37,11 @@ HINSTANCE Instance();
 std::wstring Path();
 
 // The library inside the DLL, so that it works without registration. Kept for the next user.
-HRESULT Library(ComPtr<ITypeLib>& library);
+ComPtr<ITypeLib> Library();
 void ForgetLibrary();
 
 // The description of one of our interfaces or classes.
-HRESULT TypeInfoOf(REFGUID guid, ITypeInfo** info);
+ComPtr<ITypeInfo> TypeInfoOf(REFGUID guid);
 
 }  // namespace module
 

@@ -30,13 +30,12 @@ HRESULT CreateConmutadores(IUnknown** object);
 // A call record object over a record that something else owns a share of.
 ComPtr<_clsLlamadaTRD> WrapCall(std::shared_ptr<clsLlamadaTRD> call);
 
-// For a creation function: E_OUTOFMEMORY and the like instead of an exception.
-template <class Object, class... Arguments>
-HRESULT Create(IUnknown** object, Arguments&&... arguments) {
-  return GuardedResult(nullptr, IID_NULL, object, [&] {
-    return static_cast<IUnknown*>(
-        static_cast<IDispatch*>(new Object(std::forward<Arguments>(arguments)...)));
-  });
+// For a creation function, with what makes the object: E_OUTOFMEMORY and the like instead of an
+// exception.
+template <class Make>
+HRESULT Create(IUnknown** object, Make&& make) {
+  return GuardedResult(nullptr, IID_NULL, object,
+                       [&]() -> IUnknown* { return static_cast<IDispatch*>(make()); });
 }
 
 }  // namespace conmuta::component

@@ -30,12 +30,13 @@ HKEY Root(Scope scope) {
   return scope == Scope::kUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
 }
 
-std::wstring Below(const std::wstring& key) {
+// Of a key that is named as the documents name it.
+std::wstring PathOf(const std::wstring& key) {
   return L"Software\\Classes\\" + key;
 }
 
 struct Value {
-  std::wstring key;
+  std::wstring key;   // its path below the root
   std::wstring name;  // empty: the key's own value
   std::wstring data;
 };
@@ -47,13 +48,13 @@ std::wstring VersionedProgId(const ComClass& c) {
   return ProgId(c) + L".1";
 }
 std::wstring ClassKey(const ComClass& c) {
-  return L"CLSID\\" + ToString(*c.clsid);
+  return PathOf(L"CLSID\\" + ToString(*c.clsid));
 }
 std::wstring InterfaceKey(const IID& iid) {
-  return L"Interface\\" + ToString(iid);
+  return PathOf(L"Interface\\" + ToString(iid));
 }
 std::wstring LibraryKey() {
-  return L"TypeLib\\" + ToString(LIBID_Conmuta);
+  return PathOf(L"TypeLib\\" + ToString(LIBID_Conmuta));
 }
 std::wstring LibraryVersionKey() {
   return LibraryKey() + L"\\" + kVersion;
@@ -74,24 +75,23 @@ struct LibraryFacts {
   std::wstring flags;
 };
 
-HRESULT Read(LibraryFacts& facts) {
-  ComPtr<ITypeLib> library;
-  HRESULT result = module::Library(library);
-  if (FAILED(result)) return result;
+LibraryFacts ReadFacts() {
+  LibraryFacts facts;
+  const auto library = module::Library();
   Variant title;
   V_VT(&title) = VT_BSTR;
-  result = library->GetDocumentation(-1, nullptr, &V_BSTR(&title), nullptr, nullptr);
-  if (FAILED(result)) return result;
+  Require(library->GetDocumentation(-1, nullptr, &V_BSTR(&title), nullptr, nullptr));
   facts.title.assign(V_BSTR(&title), SysStringLen(V_BSTR(&title)));
   TLIBATTR* attributes = nullptr;
-  result = library->GetLibAttr(&attributes);
-  if (FAILED(result)) return result;
-  facts.flags = std::to_wstring(attributes->wLibFlags);
+  Require(library->GetLibAttr(&attributes));
+  const WORD flags = attributes->wLibFlags;
   library->ReleaseTLibAttr(attributes);
-  return S_OK;
+  facts.flags = std::to_wstring(flags);
+  return facts;
 }
 
-std::vector<Value> AllValues(const LibraryFacts& library) {
+std::vector<Value> AllValues() {
+  const LibraryFacts library = ReadFacts();
   const std::wstring path = module::Path();
   const std::wstring folder = path.substr(0, path.find_last_of(L'\\'));
   std::vector<Value> values;
@@ -106,11 +106,13 @@ std::vector<Value> AllValues(const LibraryFacts& library) {
     values.push_back({key + L"\\TypeLib", L"", ToString(LIBID_Conmuta)});
     values.push_back({key + L"\\Version", L"", kVersion});
     values.push_back({key + L"\\Programmable", L"", L""});
-    values.push_back({ProgId(c), L"", c.title});
-    values.push_back({ProgId(c) + L"\\CLSID", L"", clsid});
-    values.push_back({ProgId(c) + L"\\CurVer", L"", VersionedProgId(c)});
-    values.push_back({VersionedProgId(c), L"", c.title});
-    values.push_back({VersionedProgId(c) + L"\\CLSID", L"", clsid});
+    const std::wstring name = PathOf(ProgId(c));
+    values.push_back({name, L"", c.title});
+    values.push_back({name + L"\\CLSID", L"", clsid});
+    values.push_back({name + L"\\CurVer", L"", VersionedProgId(c)});
+    const std::wstring versioned_name = PathOf(VersionedProgId(c));
+    values.push_back({versioned_name, L"", c.title});
+    values.push_back({versioned_name + L"\\CLSID", L"", clsid});
     AppendInterface(values, *c.iid, std::wstring(L"_") + c.name, kAutomationMarshaler);
   }
   AppendInterface(values, DIID___clsCfgConmut, L"__clsCfgConmut", kDispatchMarshaler);
@@ -123,8 +125,8 @@ std::vector<Value> AllValues(const LibraryFacts& library) {
 
 LSTATUS Write(Scope scope, const Value& value) {
   HKEY key = nullptr;
-  LSTATUS status = RegCreateKeyExW(Root(scope), Below(value.key).c_str(), 0, nullptr, 0,
-                                   KEY_SET_VALUE, nullptr, &key, nullptr);
+  LSTATUS status = RegCreateKeyExW(Root(scope), value.key.c_str(), 0, nullptr, 0, KEY_SET_VALUE,
+                                   nullptr, &key, nullptr);
   if (status != ERROR_SUCCESS) return status;
   const auto bytes = static_cast<DWORD>((value.data.size() + 1) * sizeof(wchar_t));
   status = RegSetValueExW(key, value.name.empty() ? nullptr : value.name.c_str(), 0, REG_SZ,
@@ -135,7 +137,7 @@ LSTATUS Write(Scope scope, const Value& value) {
 
 bool Exists(Scope scope, const std::wstring& key, REGSAM view) {
   HKEY opened = nullptr;
-  if (RegOpenKeyExW(Root(scope), Below(key).c_str(), 0, KEY_QUERY_VALUE | view, &opened) !=
+  if (RegOpenKeyExW(Root(scope), key.c_str(), 0, KEY_QUERY_VALUE | view, &opened) !=
       ERROR_SUCCESS) {
     return false;
   }
@@ -154,8 +156,8 @@ class Removal {
   explicit Removal(Scope scope) : scope_(scope) {}
 
   void Remove(const std::wstring& key) {
-    Note(RegDeleteTreeW(Root(scope_), Below(key).c_str()));
-    Note(RegDeleteKeyW(Root(scope_), Below(key).c_str()));
+    Note(RegDeleteTreeW(Root(scope_), key.c_str()));
+    Note(RegDeleteKeyW(Root(scope_), key.c_str()));
   }
 
   HRESULT result() const { return result_; }
@@ -169,37 +171,49 @@ class Removal {
   HRESULT result_ = S_OK;
 };
 
-// Whether the component of the other size is registered, which shares the ProgIDs and the library.
-bool OtherSizeIsRegistered(Scope scope) {
-  // Where the system knows one size only, both views are the same key; our own are gone by now.
-  return Exists(scope, ClassKey(Classes().front()), kOtherSize);
+// What goes when the component does.
+struct Keys {
+  std::vector<std::wstring> of_this_size;
+  std::vector<std::wstring> of_both;  // ProgIDs and the library
+  std::wstring of_a_class;
+};
+
+Keys AllKeys() {
+  Keys keys;
+  for (const ComClass& c : Classes()) {
+    keys.of_this_size.push_back(ClassKey(c));
+    keys.of_this_size.push_back(InterfaceKey(*c.iid));
+    keys.of_both.push_back(PathOf(ProgId(c)));
+    keys.of_both.push_back(PathOf(VersionedProgId(c)));
+  }
+  keys.of_this_size.push_back(InterfaceKey(DIID___clsCfgConmut));
+  keys.of_this_size.push_back(LibraryVersionKey() + L"\\0\\" + kSize);
+  keys.of_both.push_back(LibraryKey());
+  keys.of_a_class = ClassKey(Classes().front());
+  return keys;
 }
 
-HRESULT Unregister(Scope scope) {
+// Takes no memory of ours.
+HRESULT Remove(Scope scope, const Keys& keys) {
   Removal removal(scope);
-  for (const ComClass& c : Classes()) {
-    removal.Remove(ClassKey(c));
-    removal.Remove(InterfaceKey(*c.iid));
-  }
-  removal.Remove(InterfaceKey(DIID___clsCfgConmut));
-  removal.Remove(LibraryVersionKey() + L"\\0\\" + kSize);
-  if (OtherSizeIsRegistered(scope)) return removal.result();
-  for (const ComClass& c : Classes()) {
-    removal.Remove(ProgId(c));
-    removal.Remove(VersionedProgId(c));
-  }
-  removal.Remove(LibraryKey());
+  for (const std::wstring& key : keys.of_this_size) removal.Remove(key);
+  // Where the system knows one size only, both views are the same key; our own are gone by now.
+  if (Exists(scope, keys.of_a_class, kOtherSize)) return removal.result();
+  for (const std::wstring& key : keys.of_both) removal.Remove(key);
   return removal.result();
 }
 
+HRESULT Unregister(Scope scope) {
+  return Remove(scope, AllKeys());
+}
+
+// All memory comes first, also what it takes to undo the half of it.
 HRESULT Register(Scope scope) {
-  LibraryFacts library;
-  const HRESULT read = Read(library);
-  if (FAILED(read)) return read;
-  for (const Value& value : AllValues(library)) {
+  const Keys keys = AllKeys();
+  for (const Value& value : AllValues()) {
     const LSTATUS status = Write(scope, value);
     if (status != ERROR_SUCCESS) {
-      Unregister(scope);
+      Remove(scope, keys);
       return FromStatus(status);
     }
   }

@@ -76,7 +76,7 @@ class TradEST final : public Base {
 }  // namespace
 
 HRESULT CreateTradEST(IUnknown** object) {
-  return Create<TradEST>(object);
+  return Create(object, [] { return new TradEST(); });
 }
 
 }  // namespace conmuta::component
