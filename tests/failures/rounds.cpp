@@ -65,7 +65,7 @@ std::string Shown(const faults::Holdings& held) {
 
 // At most so many, drawn at random, unless all are wanted.
 std::vector<int> Sample(int count) {
-  constexpr int kMost = 50;
+  constexpr int kMost = 24;
   std::vector<int> points(static_cast<std::size_t>(count));
   std::iota(points.begin(), points.end(), 1);
   if (count <= kMost || Environment("CONMUTA_FAULTS") == "all") return points;
