@@ -69,6 +69,19 @@ void AppendUtf16(Text& text, char32_t c) {
   }
 }
 
+Text FromUtf16(std::string_view bytes, bool big_endian) {
+  Text text;
+  text.reserve(bytes.size() / 2);
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+    const unsigned low = Byte(bytes[i + (big_endian ? 1 : 0)]);
+    const unsigned high = Byte(bytes[i + (big_endian ? 0 : 1)]);
+    text.push_back(static_cast<char16_t>(high << 8 | low));
+  }
+  return text;
+}
+
+}  // namespace
+
 Text FromUtf8(std::string_view bytes) {
   Text text;
   text.reserve(bytes.size());
@@ -92,19 +105,6 @@ Text FromUtf8(std::string_view bytes) {
   }
   return text;
 }
-
-Text FromUtf16(std::string_view bytes, bool big_endian) {
-  Text text;
-  text.reserve(bytes.size() / 2);
-  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-    const unsigned low = Byte(bytes[i + (big_endian ? 1 : 0)]);
-    const unsigned high = Byte(bytes[i + (big_endian ? 0 : 1)]);
-    text.push_back(static_cast<char16_t>(high << 8 | low));
-  }
-  return text;
-}
-
-}  // namespace
 
 std::optional<Text> FromMarkedUnicode(std::string_view bytes) {
   if (bytes.starts_with("\xEF\xBB\xBF")) return FromUtf8(bytes.substr(3));

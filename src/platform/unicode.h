@@ -15,6 +15,9 @@ namespace conmuta {
 // begin with no mark. What is malformed becomes U+FFFD.
 std::optional<Text> FromMarkedUnicode(std::string_view bytes);
 
+// The text behind UTF-8. What is malformed becomes U+FFFD.
+Text FromUtf8(std::string_view bytes);
+
 // UTF-8 of a text; nothing when it holds half a surrogate pair.
 std::optional<std::string> ToUtf8(TextView text);
 
