@@ -54,6 +54,8 @@ struct Layout {
   std::vector<CTE> constants;
   Sheet sheet;
   std::vector<Drawing> drawings;
+
+  bool operator==(const Layout&) const = default;
 };
 
 }  // namespace conmuta::layouts

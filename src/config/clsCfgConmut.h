@@ -104,6 +104,12 @@ class clsCfgConmut {
   const DATO* FindDATO(emParamDato kind) const { return datos_.FindValid(kind); }
   const CTE* FindCTE(emParamDatoConstante kind) const { return ctes_.FindValid(kind); }
 
+  // Everything that a file keeps of this, as it keeps it: texts as they are stored, and the slots in
+  // their order, released ones among them. Good until the next write.
+  const ConfigHeader& Header() const { return header_; }
+  const SlotList<DATO>& DATOs() const { return datos_; }
+  const SlotList<CTE>& CTEs() const { return ctes_; }
+
   // Differs from what it was before whenever a slot may have changed.
   std::uint64_t SlotRevision() const { return datos_.Revision() + ctes_.Revision(); }
 
@@ -121,6 +127,9 @@ class clsCfgConmut {
   // pair beyond the four it reads False, yet a write marks the configuration as changed.
   bool PinesConectados() const;
   void PinesConectados(bool wired);
+
+  // Replaces the wiring of all four pairs, with what stands for no pin of theirs.
+  void Cables(const Wiring& wiring);
 
   // Shows the wiring in an editor and takes it over when the user accepts. PuertoActivo is 4
   // afterwards. Each wire that changes raises Cambios.

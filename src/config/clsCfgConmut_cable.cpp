@@ -46,6 +46,12 @@ void clsCfgConmut::PinesConectados(bool wired) {
   NotifyChange();
 }
 
+void clsCfgConmut::Cables(const Wiring& wiring) {
+  if (header_.Cables == wiring) return;
+  header_.Cables = wiring;
+  NotifyChange();
+}
+
 // Hosts rely on both copies going through PinDER of this object: of pair DB9-DB25 it takes the
 // right pins 1 to 9 only, so the editor shows pin 9 for 10 to 25 and hands 25 back as 9.
 void clsCfgConmut::EDConfigSeriales(bool bolMod, const ViewFactory<frmPuertos>& make_view) {

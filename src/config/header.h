@@ -15,6 +15,8 @@ struct ConfigHeader {
   FixedText<10> Separador;
   emCasos Caso = emCasoEstandar;
   Wiring Cables;
+
+  bool operator==(const ConfigHeader&) const = default;
 };
 
 }  // namespace conmuta

@@ -19,6 +19,8 @@ struct DATO {
   emTipoDato TipoDato = emNoDefinido;
   std::uint8_t Pos = 0;  // 1-based column, 0 = not set
   std::uint8_t Tam = 0;  // characters, 0 = not set
+
+  bool operator==(const DATO&) const = default;
 };
 
 // Which text must stand where to identify a line.
@@ -33,6 +35,8 @@ struct CTE {
   std::uint8_t Pos = 0;
   std::uint8_t Tam = 0;
   FixedText<20> Constante;
+
+  bool operator==(const CTE&) const = default;
 };
 
 // Whether a code is a kind that a valid slot can have.
