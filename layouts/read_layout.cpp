@@ -7,9 +7,9 @@
 namespace conmuta::layouts {
 namespace {
 
-constexpr std::array<TextView, 10> kRootNames = {u"marca",  u"modelo", u"comentarios", u"separador",
-                                                 u"caso",   u"ficha",  u"constantes",  u"datos",
-                                                 u"dibujo", u"cable"};
+constexpr std::array<TextView, 10> kRootNames = {
+    u"marca", u"modelo", u"comentarios", u"separador", u"caso",
+    u"ficha", u"datos",  u"constantes",  u"dibujo",    u"cable"};
 
 void ReadRoot(const TomlValue& root, Layout& layout, Findings& findings) {
   Slots slots(findings);

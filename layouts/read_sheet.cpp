@@ -23,9 +23,9 @@ constexpr std::array<ListRow, 3> kLists = {{{u"fuentes", &Sheet::sources},
                                             {u"pierde", &Sheet::losses},
                                             {u"alternativas", &Sheet::alternatives}}};
 
-constexpr std::array<TextView, 9> kNames = {u"cubre",          u"fecha",  u"duracion",
-                                            u"hora",           u"prueba", u"fuentes",
-                                            u"transferencias", u"pierde", u"alternativas"};
+constexpr std::array<TextView, 9> kNames = {u"cubre",   u"fecha",          u"duracion",
+                                            u"hora",    u"transferencias", u"prueba",
+                                            u"fuentes", u"pierde",         u"alternativas"};
 constexpr std::array<TextView, 2> kTimes = {u"inicio", u"fin"};
 
 void ReadTimeOf(const TomlEntry& entry, TextView item, Sheet& sheet, Findings& findings) {
