@@ -1,5 +1,6 @@
 // The mouse draws wires in the cable editor.
 #include "cable_editor.h"
+#include "replaced_import.h"
 
 namespace conmuta::test {
 namespace {
@@ -113,6 +114,27 @@ TEST_F(CableWindowTest, DiagramIsPainted) {
     EXPECT_NE(colors().first, before.first) << "the current pin is filled";
     editor.Cancel();
   });
+}
+
+std::set<std::string> faces;
+
+HFONT WINAPI RecordFace(int height, int width, int escapement, int orientation, int weight,
+                        DWORD italic, DWORD underline, DWORD strike_out, DWORD charset,
+                        DWORD precision, DWORD clipping, DWORD quality, DWORD pitch, LPCSTR face) {
+  faces.insert(face);
+  return CreateFontA(height, width, escapement, orientation, weight, italic, underline, strike_out,
+                     charset, precision, clipping, quality, pitch, face);
+}
+
+TEST_F(CableWindowTest, DiagramIsLabelledInArial) {
+  faces.clear();
+  const auto config = NamedConfig();
+  const ReplacedImport recorded("CreateFontA", reinterpret_cast<void*>(&RecordFace));
+  Edit(config, [](const Editor& editor) {
+    editor.person().Repaint(editor.window());
+    editor.Cancel();
+  });
+  EXPECT_EQ(faces, std::set<std::string>{"Arial"});
 }
 
 }  // namespace
