@@ -1,8 +1,8 @@
 // Opens every window in several states and saves what is on the screen as bitmaps:
 //
-//     window_pictures FOLDER few|usual|all PERCENT
+//     window_pictures (FOLDER few|usual|all PERCENT)...
 //
-// The percentage is that of the user's message font. Ends with the number of pictures taken.
+// The percentage is that of the user's message font. Tells for each folder how many were taken.
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -181,25 +181,25 @@ constexpr const char* kExtents[] = {"few", "usual", "all"};
 int main(int argc, char** argv) {
   using namespace conmuta::test;
   ::testing::InitGoogleTest(&argc, argv);
-  if (argc != 4 || FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 2;
+  if (argc < 4 || FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 2;
   {
     const LoadedDll dll;
     if (!dll || FAILED(dll.RegisterServer())) return 2;
   }
-  const auto extent =
-      std::find(std::begin(kExtents), std::end(kExtents), std::string_view(argv[2]));
-  const MessageFontOf font(std::stoi(argv[3]));
   // No button is to look as if it were about to be pressed.
   SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);
   int missed = 0;
-  {
-    Photographer photographer(SystemPath(argv[1]),
+  for (char** told = argv + 1; told + 2 < argv + argc; told += 3) {
+    const auto extent =
+        std::find(std::begin(kExtents), std::end(kExtents), std::string_view(told[1]));
+    const MessageFontOf font(std::stoi(told[2]));
+    Photographer photographer(SystemPath(told[0]),
                               static_cast<Extent>(extent - std::begin(kExtents)));
     TakeInformation(photographer);
     TakeCables(photographer);
     TakeManager(photographer);
-    missed = photographer.missed();
-    std::printf("%d passed, %d failed\n", photographer.taken(), missed);
+    missed += photographer.missed();
+    std::printf("%d passed, %d failed\n", photographer.taken(), photographer.missed());
   }
   CoUninitialize();
   return missed == 0 ? 0 : 1;
