@@ -33,6 +33,33 @@ TEST_F(WindowMannersTest, AreNeverSoSmallThatTheyScroll) {
   });
 }
 
+TEST_F(WindowMannersTest, ToolTipsBreakLongLinesAndShowAmpersands) {
+  InEach([](const Person&, HWND window) {
+    int ours = 0;  // a tree has tool tips of its own
+    for (HWND tips = nullptr;
+         (tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
+      if (GetWindow(tips, GW_OWNER) == window && HasStyle(tips, TTS_NOPREFIX | TTS_ALWAYSTIP) &&
+          Send(tips, TTM_GETMAXTIPWIDTH) == 600) {
+        ++ours;
+      }
+    }
+    EXPECT_EQ(ours, 1);
+  });
+}
+
+TEST_F(WindowMannersTest, LongPathsLoseTheirMiddleAndHintsTheirEnd) {
+  InEach([](const Person&, HWND window) {
+    const auto ellipsis_of = [&](int id) {
+      return GetWindowLongPtrW(GetDlgItem(window, id), GWL_STYLE) & SS_ELLIPSISMASK;
+    };
+    EXPECT_TRUE(GetDlgItem(window, win32::kEtqArch) == nullptr ||
+                ellipsis_of(win32::kEtqArch) == SS_PATHELLIPSIS);
+    for (const int id : {win32::kEtqAyuda, win32::kEtqAviso}) {
+      EXPECT_TRUE(GetDlgItem(window, id) == nullptr || ellipsis_of(id) == SS_ENDELLIPSIS);
+    }
+  });
+}
+
 TEST_F(WindowMannersTest, PointerIsAnArrow) {
   InEach([](const Person&, HWND window) {
     std::vector<HWND> ours = ChildrenOf(window);
@@ -118,6 +145,7 @@ TEST_F(ManagerMannersTest, FileDialogBelongsToTheWindowAndOffersConfigurations) 
       kinds.append(kind.data()).append(L"\n");
     }
     EXPECT_EQ(kinds, L"Configuraciones (*.cfg)\n");
+    EXPECT_FALSE(IsShown(GetDlgItem(dialog, 0x410))) << "nothing is opened read-only";
     person.Press(GetDlgItem(dialog, IDCANCEL));
     person.WaitUntilClosed(dialog);
   });
