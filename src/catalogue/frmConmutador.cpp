@@ -266,8 +266,13 @@ void frmConmutador::btnInstalar() {
   }
   if (!platform_.files.Exists(selected_file_)) return;
   folder_.Install(platform_.files, selected_file_);
-  RaiseInstalled();  // whatever comes of showing it
-  MarkDefault();
+  try {
+    MarkDefault();
+  } catch (...) {
+    RaiseInstalled();  // installed it is, shown or not
+    throw;
+  }
+  RaiseInstalled();
   view_.ShowMessage(Text(u"Se ha predeterminado exitosamente el conmutador ")
                         .append(kLineBreak)
                         .append(config_.NombreConmutador())
