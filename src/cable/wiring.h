@@ -70,10 +70,10 @@ constexpr bool IsKept(emPuertoSerial pair, int right_pin) {
 class Wiring {
  public:
   // The table of a pair, indexed by left pin from 0. The pair must be one of the four.
-  std::span<WiringMask> Table(emPuertoSerial pair) {
+  constexpr std::span<WiringMask> Table(emPuertoSerial pair) {
     return std::span(masks_[Row(pair)]).first(Entries(pair));
   }
-  std::span<const WiringMask> Table(emPuertoSerial pair) const {
+  constexpr std::span<const WiringMask> Table(emPuertoSerial pair) const {
     return std::span(masks_[Row(pair)]).first(Entries(pair));
   }
 

@@ -6,7 +6,7 @@ namespace conmuta {
 namespace {
 
 template <class Archive, class Header>
-void HeaderFields(Archive& field, Header& header) {
+constexpr void HeaderFields(Archive& field, Header& header) {
   field(header.config.Version);
   field(header.config.Marca);
   field(header.config.Modelo);
@@ -21,13 +21,31 @@ void HeaderFields(Archive& field, Header& header) {
 }
 
 template <class Archive, class Slot>
-void SlotFields(Archive& field, Slot& slot) {
+constexpr void SlotFields(Archive& field, Slot& slot) {
   field(slot.Param);
   field(slot.TipoDato);
   field(slot.Pos);
   field(slot.Tam);
   if constexpr (requires { slot.Constante; }) field(slot.Constante);
 }
+
+// The sizes that the layout promises are those of its fields.
+constexpr std::size_t SizeOfHeader() {
+  RecordSize size;
+  const FileHeader header;
+  HeaderFields(size, header);
+  return size.bytes();
+}
+template <class Slot>
+constexpr std::size_t SizeOfSlot() {
+  RecordSize size;
+  const Slot slot;
+  SlotFields(size, slot);
+  return size.bytes();
+}
+static_assert(SizeOfHeader() == kHeaderBytes);
+static_assert(SizeOfSlot<DATO>() == kDatoBytes);
+static_assert(SizeOfSlot<CTE>() == kCteBytes);
 
 template <class Slot>
 void AppendSlot(std::string& bytes, const Slot& slot, const CodePage& code_page) {

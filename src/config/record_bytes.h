@@ -38,6 +38,23 @@ class RecordWriter {
   const CodePage& code_page_;
 };
 
+// Adds up what the fields of a record take.
+class RecordSize {
+ public:
+  template <class T>
+  constexpr void operator()(const T&) {
+    bytes_ += sizeof(T);
+  }
+  template <std::size_t kWidth>
+  constexpr void operator()(const FixedText<kWidth>&) {
+    bytes_ += kWidth;
+  }
+  constexpr std::size_t bytes() const { return bytes_; }
+
+ private:
+  std::size_t bytes_ = 0;
+};
+
 // The caller sees to it that enough bytes are there.
 class RecordReader {
  public:
