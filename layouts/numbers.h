@@ -1,0 +1,30 @@
+// Numbers and dates as captures and expected rows write them.
+#pragma once
+
+#include <algorithm>
+#include <optional>
+
+#include "platform/calendar.h"
+#include "platform/text.h"
+
+namespace conmuta::layouts {
+
+// A number of up to nine digits and nothing else.
+inline std::optional<int> ReadDigitsOnly(TextView text) {
+  constexpr std::size_t kMost = 9;
+  if (text.empty() || text.size() > kMost || !std::all_of(text.begin(), text.end(), IsDigit)) {
+    return std::nullopt;
+  }
+  int number = 0;
+  for (const char16_t c : text) number = number * 10 + (c - u'0');
+  return number;
+}
+
+// Whether there is such a day.
+inline bool IsInCalendar(CivilDate date) {
+  if (date.month < 1 || date.month > 12 || date.day < 1 || date.day > 31) return false;
+  const auto number = TryDayNumber(date.year, date.month, date.day);
+  return number && DateOfDayNumber(*number).month == date.month;
+}
+
+}  // namespace conmuta::layouts
