@@ -130,6 +130,37 @@ TEST_F(LayoutTest, WhatHasNoRoomIsScrolledIntoView) {
   });
 }
 
+TEST_F(LayoutTest, BarsOfAWindowReachItsEnds) {
+  const MessageFontOf font(225);
+  int bars = 0;
+  InEach([&](const Person& person, HWND window) {
+    UseDpi(window, 288);
+    person.host().Rest();
+    for (const int bar : {SB_HORZ, SB_VERT}) {
+      if (!HasStyle(window, bar == SB_HORZ ? WS_HSCROLL : WS_VSCROLL)) continue;
+      ++bars;
+      SCOPED_TRACE(bar == SB_HORZ ? "across" : "down");
+      const auto place_after = [&](WPARAM how) {
+        Send(window, bar == SB_HORZ ? WM_HSCROLL : WM_VSCROLL, how);
+        const RECT place = PlaceOf(GetDlgItem(window, IDCANCEL));
+        return bar == SB_HORZ ? place.left : place.top;
+      };
+      const LONG begin = place_after(SB_TOP);
+      EXPECT_LT(place_after(SB_LINEDOWN), begin);
+      const LONG range = begin - place_after(SB_BOTTOM);
+      SCROLLINFO info{};
+      info.cbSize = sizeof info;
+      info.fMask = SIF_ALL;
+      GetScrollInfo(window, bar, &info);
+      EXPECT_EQ(info.nPos, range);
+      EXPECT_EQ(info.nMax + 1 - static_cast<int>(info.nPage), range);
+      EXPECT_GT(place_after(SB_LINEUP), begin - range);
+      EXPECT_EQ(place_after(SB_TOP), begin);
+    }
+  });
+  EXPECT_GT(bars, 0);
+}
+
 TEST_F(LayoutTest, EveryControlHasAName) {
   InEach([](const Person&, HWND window) {
     for (const HWND control : ChildrenOf(window)) {

@@ -80,6 +80,13 @@ TEST_F(ManagerWindowTest, SelectedModelIsShown) {
   });
 }
 
+TEST_F(ManagerWindowTest, SelectedModelIsSeenWhileTheFocusIsElsewhere) {
+  Edit([](const Manager& manager) {
+    EXPECT_TRUE(HasStyle(manager.tree(), TVS_SHOWSELALWAYS));
+    manager.Close();
+  });
+}
+
 TEST_F(ManagerWindowTest, FileThatBreaksLaterShowsWhy) {
   SaveSome();
   Edit([this](const Manager& manager) {

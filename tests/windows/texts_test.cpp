@@ -41,6 +41,11 @@ std::string TextsOf(HWND window) {
 
 class TextsTest : public EveryWindowTest {
  protected:
+  TextsTest() {
+    // A pin under the pointer would be described.
+    SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);
+  }
+
   // Opens a window, brings it into a state, and reads it.
   template <class Prepare>
   std::string TextsIn(const std::string& name, TextView caption, Prepare&& prepare) {
