@@ -29,6 +29,9 @@ struct Command {
   // Operations whose failure leaves a model without its file.
   std::set<std::string> losing;
 };
+void PrintTo(const Command& command, std::ostream* out) {
+  *out << command.name;
+}
 
 const Message kUpdate = Question(u"¿Deseas actualizar el conmutador : ACME, X1 ?");
 const Message kDelete = Question(

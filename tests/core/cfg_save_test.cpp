@@ -243,6 +243,9 @@ struct Fault {
   void (*cause)(test::FakeFiles&);
   bool old_file_stays;
 };
+void PrintTo(const Fault& fault, std::ostream* out) {
+  *out << fault.name;
+}
 
 class FaultyDisk : public testing::TestWithParam<Fault>, protected test::ConfigBench {};
 

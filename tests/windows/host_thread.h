@@ -16,7 +16,7 @@ class Stuck : public std::runtime_error {
 };
 
 // Milliseconds after which something is taken to be stuck; a busy machine is slow.
-inline constexpr DWORD kPatience = 10000;
+inline constexpr DWORD kPatience = 30000;
 
 // Lives on the thread that it stands for.
 class HostThread {
