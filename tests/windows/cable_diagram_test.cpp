@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 
 #include "cable_editor.h"
 
@@ -226,29 +227,36 @@ std::vector<char> Ballast() {
 
 void ExpectPaintedWithin(const Editor& editor, double milliseconds) {
   const HWND view = editor.At(kDiagram);
-  editor.person().host().Run([&] {
+  const HostThread& host = editor.person().host();
+  std::optional<Paper> paper;
+  std::vector<char> ballast;
+  SIZE_T before = 0;
+  host.Run([&] {
     // As such screens are used: then the picture fills the view.
     const RECT place{0, 0, 1000, 800};
     SendMessageW(editor.window(), WM_DPICHANGED, MAKEWPARAM(192, 192),
                  reinterpret_cast<LPARAM>(&place));
     SetWindowPos(view, nullptr, 0, 0, 3840, 2160, SWP_NOMOVE | SWP_NOZORDER);
-    const Paper paper(3840, 2160);
-    paper.Print(view);  // the system's fonts are there afterwards
-    const auto ballast = Ballast();
-    const SIZE_T before = Memory().PeakWorkingSetSize;
-    // The best of some, since others use the machine as well.
-    double taken = 1e9;
-    constexpr int kTimes = 10;
-    for (int round = 0; round < 5; ++round) {
-      const double start = CpuMilliseconds();
-      for (int i = 0; i < kTimes; ++i) paper.Print(view);
-      taken = std::min(taken, (CpuMilliseconds() - start) / kTimes);
-    }
-    const double megabytes = static_cast<double>(Memory().PeakWorkingSetSize - before) / (1 << 20);
-    std::printf("a full view of 3840x2160: %.1f ms, %.1f MB\n", taken, megabytes);
-    EXPECT_LE(taken, milliseconds);
-    EXPECT_LE(megabytes, 3) << "a strip of the picture, and little more";
+    paper.emplace(3840, 2160);
+    paper->Print(view);  // the system's fonts are there afterwards
+    ballast = Ballast();
+    before = Memory().PeakWorkingSetSize;
   });
+  // The best of some, since others use the machine as well.
+  double taken = 1e9;
+  constexpr int kTimes = 10;
+  for (int round = 0; round < 5; ++round) {
+    host.Run([&] {
+      const double start = CpuMilliseconds();
+      for (int i = 0; i < kTimes; ++i) paper->Print(view);
+      taken = std::min(taken, (CpuMilliseconds() - start) / kTimes);
+    });
+  }
+  host.Run([&] { paper.reset(); });
+  const double megabytes = static_cast<double>(Memory().PeakWorkingSetSize - before) / (1 << 20);
+  std::printf("a full view of 3840x2160: %.1f ms, %.1f MB\n", taken, megabytes);
+  EXPECT_LE(taken, milliseconds);
+  EXPECT_LE(megabytes, 3) << "a strip of the picture, and little more";
 }
 
 TEST_F(CableWindowTest, LargePictureIsPaintedFastAndInLittleMemory) {
