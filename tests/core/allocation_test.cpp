@@ -1,84 +1,13 @@
 // Once warm, a translated line costs no heap allocation.
-//
-// Counts through replaced allocation functions, which serve this whole test program. Memory still
-// comes from malloc, where sanitizers watch it.
 #include <gtest/gtest.h>
-#include <malloc.h>
 
-#include <atomic>
-#include <cstdint>
-#include <cstdlib>
 #include <memory>
-#include <new>
 #include <ostream>
 #include <vector>
 
 #include "support/layouts.h"
+#include "support/memory.h"
 #include "support/translation.h"
-
-namespace {
-
-std::atomic<std::size_t> allocations = 0;
-std::atomic<std::int64_t> bytes_in_use = 0;
-
-std::int64_t BytesOf(void* memory) {
-#ifdef _WIN32
-  return memory != nullptr ? static_cast<std::int64_t>(_msize(memory)) : 0;
-#else
-  return static_cast<std::int64_t>(malloc_usable_size(memory));
-#endif
-}
-
-// Out of line: the compiler must not see which malloc a free belongs to.
-[[gnu::noinline]] void* Allocate(std::size_t size) noexcept {
-  ++allocations;
-  void* memory = std::malloc(size != 0 ? size : 1);
-  bytes_in_use += BytesOf(memory);
-  return memory;
-}
-
-[[gnu::noinline]] void* AllocateOrThrow(std::size_t size) {
-  if (void* memory = Allocate(size)) return memory;
-  throw std::bad_alloc();
-}
-
-[[gnu::noinline]] void Release(void* memory) noexcept {
-  bytes_in_use -= BytesOf(memory);
-  std::free(memory);
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  return AllocateOrThrow(size);
-}
-void* operator new[](std::size_t size) {
-  return AllocateOrThrow(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  return Allocate(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-  return Allocate(size);
-}
-void operator delete(void* memory) noexcept {
-  Release(memory);
-}
-void operator delete[](void* memory) noexcept {
-  Release(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-  Release(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-  Release(memory);
-}
-void operator delete(void* memory, const std::nothrow_t&) noexcept {
-  Release(memory);
-}
-void operator delete[](void* memory, const std::nothrow_t&) noexcept {
-  Release(memory);
-}
 
 namespace conmuta {
 namespace {
@@ -133,9 +62,9 @@ class Allocation : public testing::TestWithParam<Stream> {
 TEST_P(Allocation, IsNotNeededForALineOnceWarm) {
   Translation desk(GetParam().layout().Case(GetParam().code).Build());
   EXPECT_EQ(TranslateAll(desk), GetParam().delivered);
-  const std::size_t before = allocations;
+  const std::size_t before = test::memory::Allocations();
   for (int i = 0; i < 20; ++i) TranslateAll(desk);
-  EXPECT_EQ(allocations - before, 0u);
+  EXPECT_EQ(test::memory::Allocations() - before, 0u);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -170,9 +99,9 @@ INSTANTIATE_TEST_SUITE_P(
                3}));
 
 TEST(AllocationCounter, SeesAllocations) {
-  const std::size_t before = allocations;
+  const std::size_t before = test::memory::Allocations();
   const auto text = std::make_unique<Text>(1000, u'x');
-  EXPECT_EQ(allocations - before, 2u);
+  EXPECT_EQ(test::memory::Allocations() - before, 2u);
 }
 
 // Shorter lines fit where a longer one was; only the longest so far may need room.
@@ -182,11 +111,11 @@ TEST(Allocation, IsNotNeededForLinesNoLongerThanBefore) {
   desk.Translate(line);
   const Text good = FixedLine().text();
   desk.Translate(good);
-  const std::size_t before = allocations;
+  const std::size_t before = test::memory::Allocations();
   for (std::size_t length = 1; length < good.size(); ++length) {
     desk.Translate(TextView(good).substr(length));
   }
-  EXPECT_EQ(allocations - before, 0u);
+  EXPECT_EQ(test::memory::Allocations() - before, 0u);
 }
 
 // What came through a broken separator once must not be kept for the translator's life.
@@ -194,12 +123,12 @@ TEST(Allocation, OfAGiantLineIsGivenBackWithTheNextOne) {
   Translation desk(FixedColumns().Build());
   const Text good = FixedLine().text();
   desk.Translate(good);
-  const std::int64_t before = bytes_in_use;
+  const std::int64_t before = test::memory::BytesInUse();
   desk.Translate(Text(16'000'000, u'7'));
-  EXPECT_GE(bytes_in_use - before, 30'000'000);
+  EXPECT_GE(test::memory::BytesInUse() - before, 30'000'000);
   EXPECT_EQ(desk.translator.Llamada().size(), 16'000'000u);
   desk.Translate(good);
-  EXPECT_LT(bytes_in_use - before, 100'000);
+  EXPECT_LT(test::memory::BytesInUse() - before, 100'000);
   EXPECT_TRUE(desk.call().EsValido());
 }
 
