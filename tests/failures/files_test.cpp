@@ -21,6 +21,13 @@ long CallsOf(const std::string& name) {
   return count;
 }
 
+// Whether the call that failed is one without which nothing is written for good.
+bool WritingFailed() {
+  const std::string failed = faults::FirstFailed();
+  return failed == "CreateFileW" || failed == "WriteFile" || failed == "FlushFileBuffers" ||
+         failed == "WritePrivateProfileStringA";
+}
+
 // What fails once does not keep half a file from being deleted.
 bool CanDelete() {
   return !faults::Current().from_there_on;
@@ -30,6 +37,7 @@ class CarefulSaver final : public Saver {
  public:
   void Verify(HRESULT answered) override {
     const auto left = Target();
+    EXPECT_TRUE(FAILED(answered) || !WritingFailed()) << "it is not on the disk";
     EXPECT_EQ(IsModified(), FAILED(answered));
     if (SUCCEEDED(answered)) {
       EXPECT_EQ(left, whole_);
@@ -51,6 +59,7 @@ class CarefulExporter final : public Exporter {
   void Verify(HRESULT answered) override {
     const std::string failed = CanDelete() ? faults::FirstFailed() : "";
     const auto left = Target();
+    EXPECT_TRUE(FAILED(answered) || !WritingFailed()) << "it is not on the disk";
     if (failed == "DeleteFileW") {  // the values go into what is there
       EXPECT_TRUE(left && left->starts_with(kOld) && left->ends_with(whole_));
     } else if (SUCCEEDED(answered)) {

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <numeric>
+#include <initializer_list>
 #include <random>
 #include <sstream>
 
@@ -64,18 +64,28 @@ std::string Shown(const faults::Holdings& held) {
 }
 
 // At most so many, drawn at random, unless all are wanted.
-std::vector<int> Sample(int count) {
-  constexpr int kMost = 24;
-  std::vector<int> points(static_cast<std::size_t>(count));
-  std::iota(points.begin(), points.end(), 1);
-  if (count <= kMost || Environment("CONMUTA_FAULTS") == "all") return points;
-  const unsigned seed = static_cast<unsigned>(::testing::UnitTest::GetInstance()->random_seed());
-  std::printf("seed %u: %d of %d calls (CONMUTA_FAULTS=all for all)\n", seed, kMost, count);
+std::vector<Fault> Sample(std::vector<Fault> faults) {
+  constexpr std::size_t kMost = 60;
+  if (faults.size() <= kMost || Environment("CONMUTA_FAULTS") == "all") return faults;
+  const auto seed = static_cast<unsigned>(::testing::UnitTest::GetInstance()->random_seed());
+  std::printf("seed %u: %u of %u rounds (CONMUTA_FAULTS=all for all)\n", seed,
+              static_cast<unsigned>(kMost), static_cast<unsigned>(faults.size()));
   std::mt19937 random(seed);
-  std::shuffle(points.begin(), points.end(), random);
-  points.resize(kMost);
-  std::sort(points.begin(), points.end());
-  return points;
+  std::shuffle(faults.begin(), faults.end(), random);
+  faults.resize(kMost);
+  return faults;
+}
+
+// Each of the ways to fail at each of the calls.
+std::vector<Fault> FaultsAt(int calls, std::initializer_list<Fault> ways) {
+  std::vector<Fault> faults;
+  for (int point = 1; point <= calls; ++point) {
+    for (Fault fault : ways) {
+      fault.point = point;
+      faults.push_back(fault);
+    }
+  }
+  return faults;
 }
 
 }  // namespace
@@ -165,9 +175,7 @@ bool RunRoundsIfAny(Supply supply, const std::string& what, const MakeHost& make
     if (fault.point <= calls) rounds.Run(fault);
     return calls > 0;
   }
-  for (const int point : Sample(calls)) {
-    for (const bool from_there_on : {false, true}) rounds.Run({point, from_there_on});
-  }
+  for (const Fault& fault : Sample(FaultsAt(calls, {{0, false}, {0, true}}))) rounds.Run(fault);
   return calls > 0;
 }
 
@@ -176,17 +184,12 @@ void RunFileRounds(const std::string& what, const MakeHost& make) {
   Rounds rounds(Supply::kFiles, what, make);
   const int calls = rounds.Measure();
   EXPECT_GT(calls, 0) << "nothing can fail in it";
-  const Fault kinds[] = {{0, false, ERROR_SHARING_VIOLATION, false},
-                         {0, false, ERROR_ACCESS_DENIED, false},
-                         {0, false, ERROR_DISK_FULL, false},
-                         {0, false, ERROR_DISK_FULL, true},
-                         {0, true, ERROR_BAD_NETPATH, false}};
-  for (const int point : Sample(calls)) {
-    for (Fault fault : kinds) {
-      fault.point = point;
-      rounds.Run(fault);
-    }
-  }
+  const auto faults = FaultsAt(calls, {{0, false, ERROR_SHARING_VIOLATION, false},
+                                       {0, false, ERROR_ACCESS_DENIED, false},
+                                       {0, false, ERROR_DISK_FULL, false},
+                                       {0, false, ERROR_DISK_FULL, true},
+                                       {0, true, ERROR_BAD_NETPATH, false}});
+  for (const Fault& fault : Sample(faults)) rounds.Run(fault);
 }
 
 int FailedCalls() {
