@@ -79,6 +79,8 @@ HRESULT ReportCurrentException(REFIID iid) noexcept {
     } catch (const std::bad_alloc&) {
       return ReportPlain(E_OUTOFMEMORY);
     }
+  } catch (const std::bad_alloc&) {
+    return ReportPlain(E_OUTOFMEMORY);  // none left for the words either
   } catch (...) {
     return ReportPlain(E_UNEXPECTED);
   }

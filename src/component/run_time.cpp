@@ -1,4 +1,5 @@
-// What the compiler's run time needs of threads: locks, things done once, data of each thread.
+// What the compiler's run time needs of the system: locks, things done once, data of each thread,
+// and a number that nobody guesses.
 //
 // The library that it would take them from makes each out of memory when it is first used, which
 // may be in the midst of telling a host that there is none left, and keeps what it made when the
@@ -18,9 +19,10 @@ SRWLOCK lock = SRWLOCK_INIT;
 SRWLOCK once_lock = SRWLOCK_INIT;
 CONDITION_VARIABLE changed = CONDITION_VARIABLE_INIT;
 
-// Where the system copies a thread's own data from; its variables lie in sections of that name.
+// Where the system copies a thread's own data from; its variables lie in sections of that name,
+// which the linker sorts by their endings: what came behind "ZZZ" would be copied for no thread.
 constexpr std::size_t kThreadData = 64;
-[[gnu::section(".tls$conmuta")]] alignas(16) char thread_data[kThreadData] = {};
+[[gnu::section(".tls$CONMUTA")]] alignas(16) char thread_data[kThreadData] = {};
 std::size_t used_thread_data = 0;
 
 // How the compiler describes a variable that each thread has for itself.
@@ -96,6 +98,31 @@ int pthread_once(pthread_once_t* done, void (*body)()) {
   *done = 1;
   ReleaseSRWLockExclusive(&once_lock);
   return 0;
+}
+
+// What functions lay beneath their arrays, to see whether they were written over. The compiler's
+// own library would ask the system's cryptography for it, which must not be called while a DLL is
+// loaded.
+std::uintptr_t __stack_chk_guard = 0;
+
+[[gnu::constructor(101), gnu::no_stack_protector]] void SetStackGuard() {
+  FILETIME now;
+  GetSystemTimeAsFileTime(&now);
+  LARGE_INTEGER ticks;
+  QueryPerformanceCounter(&ticks);
+  const auto place = reinterpret_cast<std::uintptr_t>(&now);  // another one in each process
+  const std::uint64_t bits = (std::uint64_t{now.dwLowDateTime} << 32 | now.dwHighDateTime) ^
+                             static_cast<std::uint64_t>(ticks.QuadPart) ^
+                             std::uint64_t{GetCurrentProcessId()} << 16 ^ place;
+  // Spread over all bits; the lowest byte is 0, where a text that runs over would end.
+  const std::uint64_t spread = bits * 0x9E3779B97F4A7C15u;
+  __stack_chk_guard = static_cast<std::uintptr_t>(spread >> 8) << 8;
+}
+
+[[noreturn]] void __stack_chk_fail() {
+  constexpr unsigned kStackWasOverrun = 2;
+  __asm__ volatile("int $0x29" : : "c"(kStackWasOverrun));  // ends the process at once
+  __builtin_unreachable();
 }
 
 }  // extern "C"

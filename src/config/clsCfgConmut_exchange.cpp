@@ -1,6 +1,5 @@
 // Exporting and importing: clsCfgConmut's side of the text exchange file.
 #include <array>
-#include <new>
 
 #include "config/character_codes.h"
 #include "config/clsCfgConmut.h"
@@ -64,7 +63,7 @@ void clsCfgConmut::Exportar(TextView cadArch) {
   bool written = false;
   try {
     written = platform_.profiles.Replace(cadArch, ExchangeValues());
-  } catch (const std::bad_alloc&) {
+  } catch (...) {
   }
   if (!written) throw MakeConfigError(emErrorConfigExportar, u"Exportar");
 }

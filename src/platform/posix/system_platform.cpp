@@ -103,7 +103,9 @@ class Descriptor {
   }
 
   // Waits until the disk has what was written. What is no file of a disk has nothing to wait for.
-  bool Flush() const { return fsync(file_) == 0 || errno == EINVAL; }
+  bool Flush() const {
+    return fsync(file_) == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
+  }
 
   bool Close() { return file_ < 0 || close(std::exchange(file_, -1)) == 0; }
 

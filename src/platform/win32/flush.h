@@ -5,10 +5,18 @@
 
 namespace conmuta {
 
-// Waits until the disk has what was written; false when it cannot take it. A file system that keeps
-// nothing back has nothing to wait for.
+// Waits until the disk has what was written; false when it cannot take it. A file system that does
+// not know how to wait has lost nothing.
 inline bool Flush(HANDLE file) {
-  return FlushFileBuffers(file) || GetLastError() == ERROR_INVALID_FUNCTION;
+  if (FlushFileBuffers(file)) return true;
+  switch (GetLastError()) {
+    case ERROR_INVALID_FUNCTION:
+    case ERROR_NOT_SUPPORTED:
+    case ERROR_CALL_NOT_IMPLEMENTED:
+      return true;
+    default:
+      return false;
+  }
 }
 
 }  // namespace conmuta
