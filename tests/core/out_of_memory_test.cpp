@@ -50,12 +50,12 @@ class Program {
   const Platform platform_{files_, clock_, code_page_, profiles_};
 };
 
-constexpr TextView kFile = u"a.cfg";
+constexpr TextView kConfigFile = u"a.cfg";
 
 class ConfigProgram : public Program {
  protected:
   explicit ConfigProgram(const test::SwitchFile& content = test::FullFile()) {
-    disk_.entries[Text(kFile)] = {"old"};
+    disk_.entries[Text(kConfigFile)] = {"old"};
     test::Fill(config_, content);
   }
   clsCfgConmut config_{platform_};
@@ -63,9 +63,9 @@ class ConfigProgram : public Program {
 
 class Saving final : public ConfigProgram {
  public:
-  void Act() override { config_.GuardarComo(kFile); }
+  void Act() override { config_.GuardarComo(kConfigFile); }
   void Verify(bool done) override {
-    EXPECT_EQ(BytesOf(kFile), done ? test::FullFile().Bytes() : "old");
+    EXPECT_EQ(BytesOf(kConfigFile), done ? test::FullFile().Bytes() : "old");
     EXPECT_EQ(config_.Modificado(), !done);
   }
 };
@@ -76,8 +76,8 @@ class Exporting final : public ConfigProgram {
     config_.Exportar(u"whole");
     whole_ = BytesOf(u"whole");
   }
-  void Act() override { config_.Exportar(kFile); }
-  void Verify(bool done) override { EXPECT_EQ(BytesOf(kFile), done ? whole_ : "old"); }
+  void Act() override { config_.Exportar(kConfigFile); }
+  void Verify(bool done) override { EXPECT_EQ(BytesOf(kConfigFile), done ? whole_ : "old"); }
 
  private:
   std::string whole_;
@@ -86,12 +86,12 @@ class Exporting final : public ConfigProgram {
 class Opening final : public Program {
  public:
   Opening() {
-    disk_.entries[Text(kFile)] = {test::FullFile().Bytes()};
+    disk_.entries[Text(kConfigFile)] = {test::FullFile().Bytes()};
     config_.Marca(u"Other");
     config_.IDCfg(7);
     before_ = Snapshot::OfState(config_);
   }
-  void Act() override { config_.Abrir(kFile); }
+  void Act() override { config_.Abrir(kConfigFile); }
   void Verify(bool done) override {
     if (!done) {
       EXPECT_EQ(Snapshot::OfState(config_), before_);
@@ -111,10 +111,10 @@ class Importing final : public Program {
   Importing() {
     clsCfgConmut other(platform_);
     test::Fill(other, test::SwitchFile());
-    other.Exportar(kFile);
+    other.Exportar(kConfigFile);
     config_.Marca(u"Other");
   }
-  void Act() override { config_.Importar(kFile); }
+  void Act() override { config_.Importar(kConfigFile); }
   void Verify(bool done) override { EXPECT_EQ(config_.Modificado(), !done); }
 
  private:

@@ -132,7 +132,7 @@ class SystemProfile final : public ProfileFile {
     const HANDLE file = CreateFileW(path_.c_str(), GENERIC_WRITE,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return true;
+    if (file == INVALID_HANDLE_VALUE) return GetLastError() == ERROR_SHARING_VIOLATION;
     const bool flushed = Flush(file);
     CloseHandle(file);
     return flushed;
