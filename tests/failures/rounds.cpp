@@ -11,7 +11,6 @@
 
 #include "component/dll.h"
 #include "progress.h"
-#include "task_memory.h"
 
 namespace conmuta::test {
 namespace {
@@ -53,7 +52,6 @@ int WindowsOfThread() {
 faults::Holdings Holdings() {
   auto held = faults::Held();
   if (const int windows = WindowsOfThread()) held["window"] = windows;
-  if (const int blocks = TaskMemory::Blocks()) held["block of task memory"] = blocks;
   return held;
 }
 
