@@ -21,7 +21,7 @@ class DivertedDll final : public ::testing::Environment {
   void SetUp() override {
     const HMODULE dll = LoadLibraryW(DllPath().c_str());
     ASSERT_NE(dll, nullptr);
-    TaskMemory::Watch();
+    WatchTaskMemory();
     DivertMemory(dll);
     DivertFiles(dll);
     WatchRounds();
