@@ -28,6 +28,7 @@ enum class MistakeKind : std::uint8_t {
   kBrokenRun,      // a letter that stands in more than one run
   kNotInCapture,   // an expected row for a line that the capture does not have
   kNotExpected,    // a line of the capture without an expected row
+  kCannotChange,   // a change that cannot be made where the text stands
 };
 
 struct Mistake {

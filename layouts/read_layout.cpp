@@ -45,10 +45,13 @@ void AddSyntaxError(const TomlError& error, Findings& findings) {
 }  // namespace
 
 LayoutReading ReadLayout(std::string_view toml, TextView file) {
+  return ReadLayout(ParseToml(toml), file);
+}
+
+LayoutReading ReadLayout(const ParsedToml& parsed, TextView file) {
   Findings findings(file);
   LayoutReading reading;
   Layout layout;
-  const auto parsed = ParseToml(toml);
   if (const auto* root = std::get_if<TomlValue>(&parsed)) {
     ReadRoot(*root, layout, findings);
   } else {

@@ -7,6 +7,7 @@
 
 #include "layouts/layout.h"
 #include "layouts/mistake.h"
+#include "layouts/toml_tree.h"
 
 namespace conmuta::layouts {
 
@@ -17,5 +18,6 @@ struct LayoutReading {
 
 // Takes any bytes. `file` is what mistakes call the text.
 LayoutReading ReadLayout(std::string_view toml, TextView file = u"layout.toml");
+LayoutReading ReadLayout(const ParsedToml& parsed, TextView file);
 
 }  // namespace conmuta::layouts

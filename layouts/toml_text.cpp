@@ -54,6 +54,21 @@ bool IsBeyond(int pos, int size) {
 
 constexpr const char* kLeave = ", sin_revisar = true";
 
+std::string Parts(const DATO& item) {
+  std::string parts = "pos = " + std::to_string(item.Pos) + ", tam = " + std::to_string(item.Tam);
+  if (item.TipoDato != emValorNumerico) parts += ", tipo = " + TypeText(item.TipoDato);
+  return parts;
+}
+
+std::string Parts(const CTE& constant) {
+  std::string parts =
+      "pos = " + std::to_string(constant.Pos) + ", texto = " + Quoted(StoredText(constant));
+  if (constant.Tam != constant.Constante.Length()) {
+    parts += ", tam = " + std::to_string(constant.Tam);
+  }
+  return parts;
+}
+
 }  // namespace
 
 std::string Quoted(TextView text) {
@@ -100,21 +115,20 @@ bool NeedsLeave(const CTE& constant) {
          std::any_of(text.begin(), text.end(), [](char16_t c) { return c < u' '; });
 }
 
+std::string CheckedText(const DATO& item) {
+  return "{ " + Parts(item) + " }";
+}
+
+std::string CheckedText(const CTE& constant) {
+  return "{ " + Parts(constant) + " }";
+}
+
 std::string SlotText(const DATO& item) {
-  std::string text = "{ pos = " + std::to_string(item.Pos) + ", tam = " + std::to_string(item.Tam);
-  if (item.TipoDato != emValorNumerico) text += ", tipo = " + TypeText(item.TipoDato);
-  if (NeedsLeave(item)) text += kLeave;
-  return text + " }";
+  return "{ " + Parts(item) + (NeedsLeave(item) ? kLeave : "") + " }";
 }
 
 std::string SlotText(const CTE& constant) {
-  std::string text =
-      "{ pos = " + std::to_string(constant.Pos) + ", texto = " + Quoted(StoredText(constant));
-  if (constant.Tam != constant.Constante.Length()) {
-    text += ", tam = " + std::to_string(constant.Tam);
-  }
-  if (NeedsLeave(constant)) text += kLeave;
-  return text + " }";
+  return "{ " + Parts(constant) + (NeedsLeave(constant) ? kLeave : "") + " }";
 }
 
 std::string PinsText(WiringMask mask) {

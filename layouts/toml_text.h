@@ -22,6 +22,9 @@ std::string CaseText(emCasos code);
 // would refuse.
 std::string SlotText(const DATO& item);
 std::string SlotText(const CTE& constant);
+// The same without that leave.
+std::string CheckedText(const DATO& item);
+std::string CheckedText(const CTE& constant);
 
 // "4" or "[1, 6]".
 std::string PinsText(WiringMask mask);

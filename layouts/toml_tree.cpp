@@ -66,7 +66,7 @@ Text NameGivenTwice(std::string_view detail) {
 
 }  // namespace
 
-std::variant<TomlValue, TomlError> ParseToml(std::string_view text) {
+ParsedToml ParseToml(std::string_view text) {
   if (const auto place = FindLongKey(text, kMostKeyParts)) {
     return TomlError{*place, {}, "a key of too many parts"};
   }

@@ -49,6 +49,7 @@ struct TomlError {
 };
 
 // The root table. Takes any bytes; tables deeper than sixteen levels are an error, too.
-std::variant<TomlValue, TomlError> ParseToml(std::string_view text);
+using ParsedToml = std::variant<TomlValue, TomlError>;
+ParsedToml ParseToml(std::string_view text);
 
 }  // namespace conmuta::layouts

@@ -7,7 +7,7 @@
 namespace conmuta::layouts {
 namespace {
 
-const std::string kHead =
+const std::string kCaptureHead =
     "# conmutador: ACME X1\n"
     "# fecha: 2019-01-16\n"
     "# velocidad: 9600\n"
@@ -22,7 +22,7 @@ std::vector<Text> Sentences(const std::vector<Mistake>& mistakes) {
 }
 
 TEST(CaptureReading, HeadTellsHowItWasTaken) {
-  const auto capture = ReadCapture(kHead + "a\n").capture;
+  const auto capture = ReadCapture(kCaptureHead + "a\n").capture;
   ASSERT_TRUE(capture);
   EXPECT_EQ(capture->switch_name, u"ACME X1");
   EXPECT_EQ(capture->date.year, 2019);
@@ -35,7 +35,7 @@ TEST(CaptureReading, HeadTellsHowItWasTaken) {
 }
 
 TEST(CaptureReading, LinesHaveTheirNumbersInTheFile) {
-  const auto capture = ReadCapture(kHead + "\nuno\r\n# dos\n\xC3\xB1").capture;
+  const auto capture = ReadCapture(kCaptureHead + "\nuno\r\n# dos\n\xC3\xB1").capture;
   ASSERT_TRUE(capture);
   ASSERT_EQ(capture->lines.size(), 4u);
   EXPECT_EQ(capture->lines[0].number, 7);
