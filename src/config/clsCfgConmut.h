@@ -104,8 +104,8 @@ class clsCfgConmut {
   const DATO* FindDATO(emParamDato kind) const { return datos_.FindValid(kind); }
   const CTE* FindCTE(emParamDatoConstante kind) const { return ctes_.FindValid(kind); }
 
-  // Everything that a file keeps of this, as it keeps it: texts as they are stored, and the slots in
-  // their order, released ones among them. Good until the next write.
+  // Everything that a file keeps of this, as it keeps it: texts as they are stored, and the slots
+  // in their order, released ones among them. Good until the next write.
   const ConfigHeader& Header() const { return header_; }
   const SlotList<DATO>& DATOs() const { return datos_; }
   const SlotList<CTE>& CTEs() const { return ctes_; }
