@@ -24,7 +24,7 @@ int FullYear(int year) {
 // Day number of the first of a month, counted from January of the year 0. The calendar repeats
 // itself every 400 years; within them it is the library's.
 std::int64_t FirstOfMonth(std::int64_t month) {
-  constexpr std::int64_t kMonthsOfCycle = 400 * 12;
+  constexpr std::int64_t kMonthsOfCycle = std::int64_t{400} * 12;
   constexpr std::int64_t kDaysOfCycle = 146097;
   const std::int64_t cycle = (month >= 0 ? month : month - (kMonthsOfCycle - 1)) / kMonthsOfCycle;
   const auto in_cycle = static_cast<int>(month - cycle * kMonthsOfCycle);
