@@ -94,5 +94,8 @@ for my $i (0 .. $types - 1) {
     put(segment(TYPES) + TYPE_SIZE * $i + 4, $position);
     $position += length $blocks[$i];
 }
+# The compiler notes when it ran, in words and as a number: the same sources give the same bytes.
+$library =~ s/(Created by WIDL version \S+ at ).{24}(\nW*\x13\0)..../$1Thu Jan  1 00:00:00 1970$2\0\0\0\0/s
+    or die "no time of making\n";
 print substr($library, 0, $strings_end), $added,
     substr($library, $strings_end, $blocks - $strings_end), @blocks;
