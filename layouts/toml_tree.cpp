@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "layouts/key_chain.h"
+#include "layouts/parsable_toml.h"
 #include "platform/unicode.h"
 
 // The one file that knows the parser.
@@ -14,8 +14,6 @@
 
 namespace conmuta::layouts {
 namespace {
-
-constexpr int kMostKeyParts = 16;
 
 Place PlaceOf(const toml::source_position& position) {
   return {static_cast<int>(position.line), static_cast<int>(position.column)};
@@ -67,10 +65,7 @@ Text NameGivenTwice(std::string_view detail) {
 }  // namespace
 
 ParsedToml ParseToml(std::string_view text) {
-  if (const auto place = FindLongKey(text, kMostKeyParts)) {
-    return TomlError{*place, {}, "a key of too many parts"};
-  }
-  const toml::parse_result result = toml::parse(text);
+  const toml::parse_result result = toml::parse(ParsableToml(text));
   if (!result) {
     const std::string_view detail = result.error().description();
     return TomlError{PlaceOf(result.error().source().begin), NameGivenTwice(detail),

@@ -1,0 +1,76 @@
+#include "layouts/parsable_toml.h"
+
+#include <algorithm>
+
+namespace conmuta::layouts {
+namespace {
+
+constexpr int kMostKeyParts = 16;
+
+// Walks a TOML text from one character outside texts and comments to the next. Right up to the
+// first error in the text, which is as far as a parser looks.
+class Walk {
+ public:
+  explicit Walk(std::string_view toml) : toml_(toml) {
+    if (toml.starts_with("\xEF\xBB\xBF")) place_ = 3;
+  }
+
+  // Goes to the next character; false at the end.
+  bool Next() {
+    place_ += step_;
+    for (step_ = 1; place_ < toml_.size();) {
+      const char c = toml_[place_];
+      if (c == '#') {
+        place_ = std::min(toml_.find('\n', place_), toml_.size());
+      } else if (c == '"' || c == '\'') {
+        SkipText(c);
+      } else {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  char character() const { return toml_[place_]; }
+  std::size_t place() const { return place_; }
+
+ private:
+  std::string_view rest() const { return toml_.substr(std::min(place_, toml_.size())); }
+
+  void SkipText(char quote) {
+    const std::string_view triple = quote == '"' ? "\"\"\"" : "'''";
+    const bool is_long = rest().starts_with(triple);
+    const std::string_view end = is_long ? triple : triple.substr(0, 1);
+    place_ += end.size();
+    while (!rest().empty() && !rest().starts_with(end)) {
+      if (!is_long && toml_[place_] == '\n') return;
+      place_ += quote == '"' && toml_[place_] == '\\' ? 2 : 1;
+    }
+    place_ += end.size();
+    // Up to two more quotes belong to what a long text says.
+    while (is_long && rest().starts_with(quote)) ++place_;
+  }
+
+  std::string_view toml_;
+  std::size_t place_ = 0;
+  std::size_t step_ = 0;
+};
+
+}  // namespace
+
+std::string ParsableToml(std::string_view toml) {
+  int parts = 1;
+  for (Walk walk(toml); walk.Next();) {
+    const char c = walk.character();
+    if (c == '.') {
+      ++parts;
+    } else if (c == '\n' || c == '=' || c == ',' || c == '[' || c == '{') {
+      parts = 1;
+    }
+    const bool is_ascii = static_cast<unsigned char>(c) < 0x80;
+    if (!is_ascii || parts > kMostKeyParts) return std::string(toml.substr(0, walk.place())) + "!";
+  }
+  return std::string(toml);
+}
+
+}  // namespace conmuta::layouts
