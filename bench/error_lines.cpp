@@ -32,10 +32,10 @@ void Compare(const char* row, const char* name, TextView opening, TextView norma
 }  // namespace
 
 void MeasureErrors() {
-  Compare("overflow to normal line", "two-dates", u"",
+  Compare("overflow to normal line", "generico-inicio-y-fin", u"",
           u"E 14/03/2019 10:10:45 14/03/2019 10:12:03 206  0703 00:01:12 5550199",
           u"E 14/03/2019 10:10:45 14/03/2019 10:12:03 206  0703 99:99:99 5550199");
-  Compare("short line in a block to normal line", "norstar",
+  Compare("short line in a block to normal line", "nortel-norstar",
           u"-------- 04/11/97 08:39:43 LINE = 0003 STN = 7425", u"00:00:00   OUTGOING CALL",
           u"00:00:00");
 }

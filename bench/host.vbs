@@ -17,9 +17,12 @@ Set record = translator.InfoLlamada
 Set capture = CreateObject("Scripting.FileSystemObject").OpenTextFile(WScript.Arguments(1))
 count = 0
 Do Until capture.AtEndOfStream
-    ReDim Preserve lines(count)
-    lines(count) = capture.ReadLine
-    count = count + 1
+    line = capture.ReadLine
+    If Left(line, 2) <> "# " Then ' the head
+        ReDim Preserve lines(count)
+        lines(count) = line
+        count = count + 1
+    End If
 Loop
 
 idle = WScript.Arguments.Count > 3

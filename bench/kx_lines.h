@@ -1,4 +1,4 @@
-// Lines as a Panasonic KX prints them (examples/panasonic-kx), made up: so many and so varied that
+// Lines as a Panasonic KX prints them (switches/panasonic-kx), made up: so many and so varied that
 // no processor knows them by heart.
 #pragma once
 

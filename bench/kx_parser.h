@@ -1,4 +1,4 @@
-// A parser written by hand for one layout (examples/panasonic-kx), the yardstick of the configured
+// A parser written by hand for one layout (switches/panasonic-kx), the yardstick of the configured
 // translator: columns known at compile time, a plain record, and nothing of the core in it.
 #pragma once
 

@@ -14,6 +14,10 @@ class Lines {
     for (const char c : latin1) text_.push_back(static_cast<unsigned char>(c));
     ends_.push_back(text_.size());
   }
+  void Add(std::u16string_view line) {
+    text_ += line;
+    ends_.push_back(text_.size());
+  }
 
   std::size_t size() const { return ends_.size(); }
   std::u16string_view operator[](std::size_t i) const {

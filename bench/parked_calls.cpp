@@ -34,14 +34,14 @@ double NanosecondsALookUp(const Translator& translator, TextView trunk, int slot
 }  // namespace
 
 void MeasureParkedCalls() {
-  Translator full("samsung");
+  Translator full("samsung-dcs");
   for (int i = 1; i <= kParked; ++i) full.Translate(TransferBegins(1000 + i));
   PrintRow("look-up, the last of 100", NanosecondsALookUp(full, u"1100", kParked), "ns",
            kMostNanosecondsALookUp);
   PrintRow("look-up, none of 100", NanosecondsALookUp(full, u"1101", 0), "ns",
            kMostNanosecondsALookUp);
 
-  Translator empty("samsung");
+  Translator empty("samsung-dcs");
   const auto spent = BestOfTurns({
       [&] {
         for (int i = 0; i < kRepeated; ++i) full.Translate(kIncoming);

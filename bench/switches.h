@@ -1,4 +1,4 @@
-// The example switches, and a translator set up for one of them.
+// The switches of the catalogue, and a translator set up for one of them.
 #pragma once
 
 #include <string>
@@ -10,7 +10,9 @@
 namespace conmuta::bench {
 
 std::vector<std::string> Switches();
+emCasos CaseOf(const std::string& name);
 
+// The configuration file that `scripts/build catalogue` made of it.
 Text ConfigPath(const std::string& name);
 Lines Capture(const std::string& name);
 

@@ -6,6 +6,14 @@ namespace conmuta::layouts {
 namespace {
 
 constexpr int kMostKeyParts = 16;
+constexpr std::string_view kBeforeTexts = "\n=,[{.";
+
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t';
+}
+bool IsQuote(char c) {
+  return c == '"' || c == '\'';
+}
 
 // Walks a TOML text from one character outside texts and comments to the next. Right up to the
 // first error in the text, which is as far as a parser looks.
@@ -15,16 +23,18 @@ class Walk {
     if (toml.starts_with("\xEF\xBB\xBF")) place_ = 3;
   }
 
-  // Goes to the next character; false at the end.
+  // Goes to the next character; false at the end. A quote is one where no text can begin.
   bool Next() {
     place_ += step_;
     for (step_ = 1; place_ < toml_.size();) {
       const char c = toml_[place_];
       if (c == '#') {
         place_ = std::min(toml_.find('\n', place_), toml_.size());
-      } else if (c == '"' || c == '\'') {
+      } else if (IsQuote(c) && kBeforeTexts.find(before_) != std::string_view::npos) {
         SkipText(c);
+        before_ = c;
       } else {
+        if (!IsBlank(c)) before_ = c;
         return true;
       }
     }
@@ -54,11 +64,8 @@ class Walk {
   std::string_view toml_;
   std::size_t place_ = 0;
   std::size_t step_ = 0;
+  char before_ = '\n';  // but for blanks
 };
-
-bool IsBlank(char c) {
-  return c == ' ' || c == '\t';
-}
 
 // Whether behind the brackets of a table's header there is a name, or an end that the parser
 // reports.
@@ -95,7 +102,7 @@ std::string ParsableToml(std::string_view toml) {
     is_at_start = c == '\n' || (is_at_start && IsBlank(c));
 
     const bool is_ascii = static_cast<unsigned char>(c) < 0x80;
-    if (!is_ascii || parts > kMostKeyParts ||
+    if (!is_ascii || IsQuote(c) || parts > kMostKeyParts ||
         (is_header && !BeginsWithHeader(toml.substr(walk.place())))) {
       return std::string(toml.substr(0, walk.place())) + "!";
     }
