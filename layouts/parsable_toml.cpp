@@ -67,43 +67,19 @@ class Walk {
   char before_ = '\n';  // but for blanks
 };
 
-// Whether behind the brackets of a table's header there is a name, or an end that the parser
-// reports.
-bool BeginsWithHeader(std::string_view text) {
-  const auto skip = [&text](std::size_t count) {
-    text.remove_prefix(count);
-    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-  };
-  skip(1);
-  if (text.starts_with('[')) skip(1);
-  if (text.empty()) return true;
-  const char c = text.front();
-  const bool is_alphanumeric =
-      (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-  return is_alphanumeric || std::string_view("_-\"']").find(c) != std::string_view::npos;
-}
-
 }  // namespace
 
 std::string ParsableToml(std::string_view toml) {
-  int parts = 1;            // of the present key
-  int depth = 0;            // of brackets that are open
-  bool is_at_start = true;  // of a line, but for blanks
+  int parts = 1;  // of the present key
   for (Walk walk(toml); walk.Next();) {
     const char c = walk.character();
-    const bool is_header = c == '[' && depth == 0 && is_at_start;
     if (c == '.') {
       ++parts;
     } else if (c == '\n' || c == '=' || c == ',' || c == '[' || c == '{') {
       parts = 1;
     }
-    if (c == '[' || c == '{') ++depth;
-    if (c == ']' || c == '}') --depth;
-    is_at_start = c == '\n' || (is_at_start && IsBlank(c));
-
     const bool is_ascii = static_cast<unsigned char>(c) < 0x80;
-    if (!is_ascii || IsQuote(c) || parts > kMostKeyParts ||
-        (is_header && !BeginsWithHeader(toml.substr(walk.place())))) {
+    if (!is_ascii || IsQuote(c) || parts > kMostKeyParts) {
       return std::string(toml.substr(0, walk.place())) + "!";
     }
   }

@@ -14,6 +14,15 @@ bool GoesOn(char c) {
 
 }  // namespace
 
+Place PlaceBehind(std::string_view text) {
+  if (text.starts_with(kMark)) text.remove_prefix(kMark.size());
+  const auto line = 1 + std::count(text.begin(), text.end(), '\n');
+  text.remove_prefix(text.rfind('\n') + 1);  // wraps to 0
+  const auto column =
+      1 + std::count_if(text.begin(), text.end(), [](char c) { return !GoesOn(c); });
+  return {static_cast<int>(line), static_cast<int>(column)};
+}
+
 SourceText::SourceText(std::string_view text) : text_(text) {
   begins_.push_back(text.starts_with(kMark) ? kMark.size() : 0);
   for (std::size_t i = 0; i < text.size(); ++i) {

@@ -9,6 +9,9 @@
 
 namespace conmuta::layouts {
 
+// The place behind all of the text, which ends with a whole character.
+Place PlaceBehind(std::string_view text);
+
 // Changes are collected, by places of the text as it was, and must not overlap. All bytes between
 // them stay.
 class SourceText {

@@ -4,9 +4,18 @@
 #include <utility>
 
 #include "layouts/parsable_toml.h"
+#include "layouts/source_text.h"
 #include "platform/unicode.h"
 
+// What the parser throws where it would go on in an undefined way: in some wrong texts toml++ 3.3
+// relies on what it has not looked at, as in "[ <I>" and "[1,}".
+namespace conmuta::layouts {
+struct ParserGaveUp {};
+}  // namespace conmuta::layouts
+
 // The one file that knows the parser.
+#undef NDEBUG
+#define TOML_ASSERT(expr) ((expr) ? void() : throw ::conmuta::layouts::ParserGaveUp())
 #define TOML_EXCEPTIONS 0
 #define TOML_ENABLE_FORMATTERS 0
 #define TOML_MAX_NESTED_VALUES 16
@@ -62,16 +71,39 @@ Text NameGivenTwice(std::string_view detail) {
   return FromUtf8(detail.substr(begin + 1, end - begin - 1));
 }
 
+bool GivesUp(std::string_view text) {
+  try {
+    (void)toml::parse(text);
+    return false;
+  } catch (const ParserGaveUp&) {
+    return true;
+  }
+}
+
+// The last character of the shortest beginning of the text that the parser gives up on.
+Place WhereItGivesUp(std::string_view text) {
+  std::size_t good = 0;
+  std::size_t bad = text.size();
+  while (bad - good > 1) {
+    const std::size_t middle = good + (bad - good) / 2;
+    (GivesUp(text.substr(0, middle)) ? bad : good) = middle;
+  }
+  return PlaceBehind(text.substr(0, bad - 1));
+}
+
 }  // namespace
 
 ParsedToml ParseToml(std::string_view text) {
-  const toml::parse_result result = toml::parse(ParsableToml(text));
-  if (!result) {
+  const std::string parsable = ParsableToml(text);
+  try {
+    const toml::parse_result result = toml::parse(parsable);
+    if (result) return ValueOf(result.table());
     const std::string_view detail = result.error().description();
     return TomlError{PlaceOf(result.error().source().begin), NameGivenTwice(detail),
                      std::string(detail)};
+  } catch (const ParserGaveUp&) {
+    return TomlError{WhereItGivesUp(parsable), {}, "the parser gives up"};
   }
-  return ValueOf(result.table());
 }
 
 }  // namespace conmuta::layouts
