@@ -1,18 +1,25 @@
-' Makes a catalogue of the example switches in a temporary folder and opens the manager on it.
+' Makes a catalogue of the configurations in a folder, and opens the manager on it. The catalogue is a
+' temporary one: nothing happens to the folder.
 '
-'     cscript //nologo catalogue.vbs
+'     cscript //nologo catalogue.vbs FOLDER
 Option Explicit
 
-Dim files, examples, folder, name, number, catalogue
+If WScript.Arguments.Count <> 1 Then
+    WScript.Echo "Uso: cscript //nologo catalogue.vbs CARPETA"
+    WScript.Quit 2
+End If
+
+Dim files, folder, file, number, catalogue
 Set files = CreateObject("Scripting.FileSystemObject")
-examples = files.GetParentFolderName(WScript.ScriptFullName)
 folder = files.BuildPath(files.GetSpecialFolder(2), files.GetTempName) ' 2: temporary files
 files.CreateFolder folder
 
 number = 0
-For Each name In Array("meridian", "norstar", "panasonic-kx", "samsung", "two-dates")
-    number = number + 1
-    files.CopyFile examples & "\" & name & "\" & name & ".cfg", folder & "\conmutador" & number & ".cfg"
+For Each file In files.GetFolder(WScript.Arguments(0)).Files
+    If LCase(files.GetExtensionName(file.Name)) = "cfg" Then
+        number = number + 1
+        files.CopyFile file.Path, folder & "\conmutador" & number & ".cfg"
+    End If
 Next
 
 Set catalogue = CreateObject("Conmuta.clsConmutadores")

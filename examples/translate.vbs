@@ -12,7 +12,8 @@ End If
 
 Const emCasoNortelNorstar0x32SMDR6 = 4
 
-Dim widths, types, transfers, switch, translator, record, controls, capture, place, lines, calls, errors
+Dim widths, types, transfers, switch, translator, record, controls, capture, line
+Dim place, number, lines, calls, errors, inHead
 widths = Array(10, 8, -8, -5, 15, 8, 10, 10, 25, 10, 10) ' negative: aligned to the right
 types = Array("No analizada", "Indefinida", "Entrante", "Saliente", "Inter-extension", "Inter-troncal", "Cuenta")
 transfers = Array("-", "Inicio", "En curso", "Fin")
@@ -32,13 +33,20 @@ WScript.Echo "Conmutador: " & switch.NombreConmutador
 WScript.Echo Columns(Array("Fecha", "Hora", "Duracion", "Ring", "Tipo", "Transf.", _
     "Emisor", "Receptor", "Telefono", "Ext.transf", "Cuenta"))
 
+number = 0
 lines = 0
 calls = 0
 errors = 0
+inHead = True ' a capture may begin with comments: where and when it was taken
 Set capture = CreateObject("Scripting.FileSystemObject").OpenTextFile(WScript.Arguments(1))
 Do Until capture.AtEndOfStream
-    lines = lines + 1
-    Translate controls.Replace(capture.ReadLine, "")
+    line = capture.ReadLine
+    number = number + 1
+    inHead = inHead And Left(line, 2) = "# "
+    If Not inHead Then
+        lines = lines + 1
+        Translate controls.Replace(line, "")
+    End If
 Loop
 
 ' A Norstar delivers the last call of a capture on the separator of the next one.
@@ -56,7 +64,7 @@ Sub Translate(line)
     translator.Llamada = line
     If Err.Number <> 0 Then ' half a record is left, whose EsValido says nothing
         errors = errors + 1
-        WScript.Echo "! linea " & lines & ": error " & Err.Number
+        WScript.Echo "! linea " & number & ": error " & Err.Number
         Exit Sub
     End If
     On Error GoTo 0

@@ -103,7 +103,7 @@ struct FixedLine {
   }
 };
 
-// The Meridian's columns. A party that begins with T is a trunk: as origin it makes the call
+// The least of columns to see the rules of a Meridian's records by. A party that begins with T is a trunk: as origin it makes the call
 // incoming, as terminal outgoing. Account codes stand where others have the digits.
 inline ConfigBuilder MeridianColumns() {
   ConfigBuilder layout;
@@ -120,7 +120,7 @@ inline ConfigBuilder MeridianColumns() {
   return layout;
 }
 
-// The Norstar's columns: the separator's date and parties, the event's elapsed time.
+// The least of columns to see the rules of a Norstar's blocks by: the separator's date and parties, the event's elapsed time.
 inline ConfigBuilder NorstarColumns() {
   ConfigBuilder layout;
   layout.Case(emCasoNortelNorstar0x32SMDR6);
