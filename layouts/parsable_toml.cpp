@@ -11,6 +11,9 @@ constexpr std::string_view kBeforeTexts = "\n=,[{.";
 bool IsBlank(char c) {
   return c == ' ' || c == '\t';
 }
+bool IsAscii(char c) {
+  return static_cast<unsigned char>(c) < 0x80;
+}
 bool IsQuote(char c) {
   return c == '"' || c == '\'';
 }
@@ -54,7 +57,16 @@ class Walk {
     place_ += end.size();
     while (!rest().empty() && !rest().starts_with(end)) {
       if (!is_long && toml_[place_] == '\n') return;
-      place_ += quote == '"' && toml_[place_] == '\\' ? 2 : 1;
+      if (quote == '"' && toml_[place_] == '\\') {
+        // Behind it, or the line break it stands before, the parser looks for blanks.
+        const std::size_t next = toml_.find_first_not_of(" \t\r\n", place_ + 1);
+        if (next != toml_.npos && !IsAscii(toml_[next])) {
+          place_ = next;
+          return;
+        }
+        ++place_;
+      }
+      ++place_;
     }
     place_ += end.size();
     // Up to two more quotes belong to what a long text says.
@@ -78,8 +90,7 @@ std::string ParsableToml(std::string_view toml) {
     } else if (c == '\n' || c == '=' || c == ',' || c == '[' || c == '{') {
       parts = 1;
     }
-    const bool is_ascii = static_cast<unsigned char>(c) < 0x80;
-    if (!is_ascii || IsQuote(c) || parts > kMostKeyParts) {
+    if (!IsAscii(c) || IsQuote(c) || parts > kMostKeyParts) {
       return std::string(toml.substr(0, walk.place())) + "!";
     }
   }

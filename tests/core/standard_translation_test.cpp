@@ -128,6 +128,18 @@ TEST(StandardTranslation, RingAddsUpItsThreeParts) {
   EXPECT_EQ(desk.Translate(FixedLine{.ring = u"10:09"}.text()).Ring(), 2 * 3600 + 10 * 60 + 9);
 }
 
+// Of a line about the extension alone ("LOG IN") a text trunk takes the blanks for a trunk; a
+// numeric one takes nothing, and there is no call.
+TEST(StandardTranslation, BlanksAreAPartyToATextAndNoneToANumber) {
+  const Text line = FixedLine{.from = u"    ", .number = u"LOG IN    "}.text();
+  Translation desk(FixedColumns().Build());
+  const clsLlamadaTRD& call = desk.Translate(line);
+  EXPECT_EQ(Text(call.Emisor()), u"    ");
+  EXPECT_TRUE(call.EsValido());
+  test::DefineItem(*desk.config, emParamTroncalEntrante, 39, 4);
+  EXPECT_FALSE(desk.Translate(line).EsValido());
+}
+
 TEST(StandardTranslation, AccountCodeIsReadAsItsSlotTells) {
   Translation desk(FixedColumns().Build());
   EXPECT_EQ(Text(desk.Translate(FixedLine{.account = u"A-4 3x"}.text()).CodigoCuenta()), u"A-4 3x");

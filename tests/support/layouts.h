@@ -103,8 +103,9 @@ struct FixedLine {
   }
 };
 
-// The least of columns to see the rules of a Meridian's records by. A party that begins with T is a trunk: as origin it makes the call
-// incoming, as terminal outgoing. Account codes stand where others have the digits.
+// The least of columns to see the rules of a Meridian's records by. A party that begins with T is a
+// trunk: as origin it makes the call incoming, as terminal outgoing. Account codes stand where
+// others have the digits.
 inline ConfigBuilder MeridianColumns() {
   ConfigBuilder layout;
   layout.Case(emCasoNortelMeridian01);
@@ -120,7 +121,8 @@ inline ConfigBuilder MeridianColumns() {
   return layout;
 }
 
-// The least of columns to see the rules of a Norstar's blocks by: the separator's date and parties, the event's elapsed time.
+// The least of columns to see the rules of a Norstar's blocks by: the separator's date and parties,
+// the event's elapsed time.
 inline ConfigBuilder NorstarColumns() {
   ConfigBuilder layout;
   layout.Case(emCasoNortelNorstar0x32SMDR6);
