@@ -1,0 +1,45 @@
+#include "layouts/proof/harm.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace conmuta::layouts {
+namespace {
+
+Harm Between(const ExpectedCall& whole, const ExpectedCall& found) {
+  if (whole == found) return Harm::kNone;
+  ExpectedCall alike = found;
+  alike.attribute = whole.attribute;
+  alike.ring = whole.ring;
+  alike.account = whole.account;
+  if (alike == whole) return Harm::kDetail;
+  alike.duration = whole.duration;
+  return alike == whole ? Harm::kDuration : Harm::kWrong;
+}
+
+}  // namespace
+
+Harm Compare(std::vector<ExpectedCall> whole, const std::vector<ExpectedCall>& found) {
+  Harm worst = Harm::kNone;
+  // Each call stands for one: what comes a second time is somebody else's, too. The most alike are
+  // taken first.
+  std::vector<ExpectedCall> left = found;
+  for (const Harm harm : {Harm::kNone, Harm::kDetail, Harm::kDuration}) {
+    std::vector<ExpectedCall> unlike;
+    for (const ExpectedCall& call : left) {
+      const auto twin = std::find_if(whole.begin(), whole.end(), [&](const ExpectedCall& other) {
+        return Between(other, call) == harm;
+      });
+      if (twin == whole.end()) {
+        unlike.push_back(call);
+      } else {
+        whole.erase(twin);
+        worst = std::max(worst, harm);
+      }
+    }
+    left = std::move(unlike);
+  }
+  return left.empty() ? worst : Harm::kWrong;
+}
+
+}  // namespace conmuta::layouts
