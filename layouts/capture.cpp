@@ -14,17 +14,6 @@ namespace {
 constexpr std::array<TextView, 5> kKeys = {u"conmutador", u"fecha", u"velocidad", u"trama",
                                            u"fuente"};
 
-// "2019-01-16"
-std::optional<CivilDate> ReadDate(TextView text) {
-  if (text.size() != 10 || text[4] != u'-' || text[7] != u'-') return std::nullopt;
-  const auto year = ReadDigitsOnly(text.substr(0, 4));
-  const auto month = ReadDigitsOnly(text.substr(5, 2));
-  const auto day = ReadDigitsOnly(text.substr(8, 2));
-  if (!year || !month || !day || *year < 1900) return std::nullopt;
-  const CivilDate date{*year, *month, *day};
-  return IsInCalendar(date) ? std::optional(date) : std::nullopt;
-}
-
 // Data bits, parity, stop bits.
 bool IsFraming(TextView text) {
   return text.size() == 3 && text[0] >= u'5' && text[0] <= u'8' &&

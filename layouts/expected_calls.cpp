@@ -234,6 +234,14 @@ ExpectedReading ReadExpected(std::string_view bytes, const Capture& capture, Tex
   return reading;
 }
 
+std::optional<std::int32_t> KnownDuration(const clsLlamadaTRD& call) {
+  const bool is_date = call.Anio(emParamDuracion) != 0 || call.Mes(emParamDuracion) != 0 ||
+                       call.Dia(emParamDuracion) != 0;
+  const std::int32_t seconds = call.Duracion();
+  if (is_date || seconds < 0) return std::nullopt;
+  return seconds;
+}
+
 Outcome OutcomeOf(const Verdict& verdict, const clsLlamadaTRD& call) {
   Outcome outcome;
   outcome.reason = verdict.reason;
@@ -248,9 +256,7 @@ Outcome OutcomeOf(const Verdict& verdict, const clsLlamadaTRD& call) {
   found.hours = call.Horas(emParamFecha);
   found.minutes = call.Minutos(emParamFecha);
   found.seconds = call.Segundos(emParamFecha);
-  const bool is_date = call.Anio(emParamDuracion) != 0 || call.Mes(emParamDuracion) != 0 ||
-                       call.Dia(emParamDuracion) != 0;
-  if (!is_date && call.Duracion() >= 0) found.duration = call.Duracion();
+  found.duration = KnownDuration(call);
   found.ring = call.Ring();
   found.caller = call.Emisor();
   found.callee = call.Receptor();

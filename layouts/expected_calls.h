@@ -60,6 +60,9 @@ struct ExpectedReading {
 ExpectedReading ReadExpected(std::string_view bytes, const Capture& capture,
                              TextView file = u"expected.txt");
 
+// In seconds; nothing when it is still a date, or negative.
+std::optional<std::int32_t> KnownDuration(const clsLlamadaTRD& call);
+
 // What a translator made of a line, as a row would say it.
 Outcome OutcomeOf(const Verdict& verdict, const clsLlamadaTRD& call);
 

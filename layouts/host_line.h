@@ -8,27 +8,52 @@ namespace conmuta::layouts {
 
 // Cuts what a switch sends into lines, in whatever pieces it comes. A line ends with LF. The CR
 // before it, and with it all other bytes below 32 (NUL, XON, XOFF, DLE, form feed...), are dropped:
-// they stand between and within the columns of a line without being printed.
+// they stand between and within the columns of a line without being printed. What a line has beyond
+// kMost bytes is dropped, too: no layout reads so far, and a line that never ends must not fill the
+// memory.
 class HostLines {
  public:
+  static constexpr std::size_t kMost = 65536;
+
   // Takes the next bytes, and hands each line that ends in them to `line`, as a std::string_view
   // that lives until it returns.
   template <class Line>
   void Take(std::string_view bytes, Line line) {
-    for (const char c : bytes) {
-      if (c == '\n') {
+    for (std::size_t end = 0; (end = bytes.find('\n')) != std::string_view::npos;) {
+      std::string_view whole = bytes.substr(0, end);
+      bytes.remove_prefix(end + 1);
+      if (whole.ends_with('\r')) whole.remove_suffix(1);
+      if (present_.empty() && whole.size() <= kMost && IsPrinted(whole)) {
+        line(whole);
+      } else {
+        Keep(whole);
         line(std::string_view(present_));
         present_.clear();
-      } else if (static_cast<unsigned char>(c) >= ' ') {
-        present_ += c;
       }
     }
+    Keep(bytes);
   }
 
   // What has come since the last line end.
   std::string_view rest() const { return present_; }
 
  private:
+  static bool IsControl(char c) { return static_cast<unsigned char>(c) < ' '; }
+
+  // Of most lines nothing is to be dropped, and no copy is needed. Without a way out in the middle
+  // the processor looks at many bytes at once.
+  static bool IsPrinted(std::string_view bytes) {
+    bool has_control = false;
+    for (const char c : bytes) has_control |= IsControl(c);
+    return !has_control;
+  }
+
+  void Keep(std::string_view bytes) {
+    for (const char c : bytes) {
+      if (!IsControl(c) && present_.size() < kMost) present_ += c;
+    }
+  }
+
   std::string present_;
 };
 

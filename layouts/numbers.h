@@ -27,4 +27,15 @@ inline bool IsInCalendar(CivilDate date) {
   return number && DateOfDayNumber(*number).month == date.month;
 }
 
+// "2019-01-16", from 1900 on; nothing for what is no day.
+inline std::optional<CivilDate> ReadDate(TextView text) {
+  if (text.size() != 10 || text[4] != u'-' || text[7] != u'-') return std::nullopt;
+  const auto year = ReadDigitsOnly(text.substr(0, 4));
+  const auto month = ReadDigitsOnly(text.substr(5, 2));
+  const auto day = ReadDigitsOnly(text.substr(8, 2));
+  if (!year || !month || !day || *year < 1900) return std::nullopt;
+  const CivilDate date{*year, *month, *day};
+  return IsInCalendar(date) ? std::optional(date) : std::nullopt;
+}
+
 }  // namespace conmuta::layouts

@@ -17,15 +17,30 @@ LineError clsTradEST::Translate(TextView value) {
   return TranslateUnwatched();
 }
 
-Verdict clsTradEST::Translate(TextView value, LineObserver& observer) {
-  line_.Assign(WithoutLeadingLineEnds(value));
-  Watched watch(observer);
+template <class Watch>
+Verdict clsTradEST::JudgeLine(Watch& watch) {
   Verdict verdict;
   verdict.error = TranslateLine(watch);
   verdict.parked = watch.parked();
-  if (verdict.error == LineError::kNone && !call_.EsValido()) {
-    verdict.reason = watch.reason() != NoCall::kNone ? watch.reason() : call_.Lack();
+  if (verdict.error == LineError::kNone) {
+    const NoCall lack = call_.Lack();
+    if (lack != NoCall::kNone) {
+      verdict.reason = watch.reason() != NoCall::kNone ? watch.reason() : lack;
+    }
   }
+  return verdict;
+}
+
+Verdict clsTradEST::Judge(TextView value) {
+  line_.Assign(WithoutLeadingLineEnds(value));
+  Unwatched nobody;
+  return JudgeLine(nobody);
+}
+
+Verdict clsTradEST::Translate(TextView value, LineObserver& observer) {
+  line_.Assign(WithoutLeadingLineEnds(value));
+  Watched watch(observer);
+  const Verdict verdict = JudgeLine(watch);
   observer.Ended(verdict);
   return verdict;
 }

@@ -27,6 +27,9 @@ class clsTradEST {
   // The same with the error as a value, which costs far less than an exception.
   [[nodiscard]] LineError Translate(TextView value);
 
+  // The same, and why there is no call.
+  [[nodiscard]] Verdict Judge(TextView value);
+
   // The same, telling the observer what is looked at and what comes of it. An error is no
   // exception here: the verdict has it.
   Verdict Translate(TextView value, LineObserver& observer);
@@ -49,6 +52,7 @@ class clsTradEST {
   void AltaLlamadaLista() { pending_.Park(call_); }
   void QuitaLlamadaLista(std::int16_t intPos) { pending_.Free(intPos); }
   std::int16_t BuscaLlamadaTroncalLista(TextView cadTron) const { return pending_.Find(cadTron); }
+  std::size_t CallsWaiting() const { return pending_.Count(); }
 
  private:
   // Why there is nothing to translate with, or nothing to translate; kNone when there is.
@@ -57,6 +61,8 @@ class clsTradEST {
   LineError Run(const Translation& translation, Watch& watch);
   template <class Watch>
   LineError TranslateLine(Watch& watch);
+  template <class Watch>
+  Verdict JudgeLine(Watch& watch);
   LineError TranslateUnwatched();
   void TranslateOnTop(emCasos code);
 

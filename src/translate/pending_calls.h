@@ -24,6 +24,9 @@ class PendingCalls {
   // count; blanks in the parked call's own trunk do.
   std::int16_t Find(TextView trunk) const;
 
+  // How many wait.
+  std::size_t Count() const { return used_ - free_.count(); }
+
   // Marks a slot's record as free. Anything but the number of a slot with a record is ignored.
   void Free(std::int16_t slot);
 

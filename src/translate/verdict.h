@@ -36,6 +36,7 @@ struct Verdict {
   bool parked = false;            // put on the list of those that wait for the end of a transfer
 
   bool IsCall() const { return error == LineError::kNone && reason == NoCall::kNone; }
+  bool operator==(const Verdict&) const = default;
 };
 
 // One sentence for people, in Spanish.

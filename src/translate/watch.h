@@ -43,24 +43,14 @@ class LineObserver {
   virtual void Ended(const Verdict&) {}
 };
 
-// What a translation tells what it does. Both kinds have the same members; nothing is left of the
-// calls where nobody watches.
+// What a translation tells what it does: why it gives no call, and to an observer everything that
+// it looks at. Both kinds have the same members; nothing is left of the calls of Read and Looked
+// where nobody watches.
 class Unwatched {
  public:
   static constexpr bool kWatches = false;
   void Read(const ItemRead&) const {}
   void Looked(const ConstantRead&) const {}
-  void Because(NoCall) const {}
-  void Parked() const {}
-};
-
-class Watched {
- public:
-  static constexpr bool kWatches = true;
-  explicit Watched(LineObserver& observer) : observer_(observer) {}
-
-  void Read(const ItemRead& item) const { observer_.Read(item); }
-  void Looked(const ConstantRead& constant) const { observer_.Looked(constant); }
 
   // Why the line gives no call; the first reason stays.
   void Because(NoCall reason) {
@@ -73,9 +63,20 @@ class Watched {
   bool parked() const { return parked_; }
 
  private:
-  LineObserver& observer_;
   NoCall reason_ = NoCall::kNone;
   bool parked_ = false;
+};
+
+class Watched : public Unwatched {
+ public:
+  static constexpr bool kWatches = true;
+  explicit Watched(LineObserver& observer) : observer_(observer) {}
+
+  void Read(const ItemRead& item) const { observer_.Read(item); }
+  void Looked(const ConstantRead& constant) const { observer_.Looked(constant); }
+
+ private:
+  LineObserver& observer_;
 };
 
 }  // namespace conmuta

@@ -264,6 +264,20 @@ TEST_F(PendingCallsFreeing, LeavesTheOthersInTheirSlots) {
   for (const int i : {2, 50, 98, 100}) EXPECT_EQ(list_.Find(Text(u"T") + ToText(i)), i);
 }
 
+TEST_F(PendingCallsFreeing, LeavesFewerThatAreCounted) {
+  EXPECT_EQ(list_.Count(), 0U);
+  ParkHundred();
+  EXPECT_EQ(list_.Count(), 100U);
+  list_.Free(1);
+  list_.Free(1);
+  list_.Free(50);
+  EXPECT_EQ(list_.Count(), 98U);
+  list_.Park(Incoming(u"T2"));  // a freed slot goes before the one on the same trunk
+  EXPECT_EQ(list_.Count(), 99U);
+  list_.Replace(1, Incoming(u"T9"));
+  EXPECT_EQ(list_.Count(), 99U);
+}
+
 // The same list through the translator, as hosts reach it.
 TEST(TranslatorPendingCalls, ParksTheCallRecord) {
   const FakeClock clock;

@@ -291,6 +291,8 @@ TEST_P(WatchedCase, IsTranslatedAsIfNobodyWatched) {
     Translation plain(layout().Build());
     random = same;
     Translation watched(layout().Build());
+    random = same;
+    Translation judged(layout().Build());
     for (int i = 0; i < 60; ++i) {
       Text line = random.OneOf(seeds);
       for (int changes = random.Below(4); changes > 0; --changes) {
@@ -302,6 +304,7 @@ TEST_P(WatchedCase, IsTranslatedAsIfNobodyWatched) {
       const LineError error = plain.translator.Translate(line);
       const Verdict verdict = watched.translator.Translate(line, notes);
       ASSERT_EQ(verdict.error, error) << Ascii(line);
+      ASSERT_EQ(judged.translator.Judge(line), verdict) << Ascii(line);
       ASSERT_EQ(ValuesOf(watched.call()), ValuesOf(plain.call())) << Ascii(line);
       ASSERT_EQ(verdict.IsCall(), error == LineError::kNone && plain.call().EsValido())
           << Ascii(line);

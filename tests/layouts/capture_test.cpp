@@ -87,6 +87,23 @@ TEST(HostLines, LinesEndWithLfInWhateverPiecesTheyCome) {
   }
 }
 
+TEST(HostLines, ALineWithoutEndIsCutInWhateverPiecesItComes) {
+  const std::string endless(3 * HostLines::kMost, 'x');
+  for (const std::size_t piece : {std::size_t{1000}, 4 * HostLines::kMost}) {
+    std::vector<std::string> found;
+    HostLines lines;
+    const std::string bytes = endless + "\nnext\n" + endless;
+    for (std::size_t i = 0; i < bytes.size(); i += piece) {
+      lines.Take(std::string_view(bytes).substr(i, piece),
+                 [&](std::string_view line) { found.emplace_back(line); });
+    }
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[0].size(), HostLines::kMost);
+    EXPECT_EQ(found[1], "next");
+    EXPECT_EQ(lines.rest().size(), HostLines::kMost);
+  }
+}
+
 TEST(HostLines, BytesBelowABlankAreNotOfTheLine) {
   std::string bytes = "a";
   for (char c = 0; c < ' '; ++c) {

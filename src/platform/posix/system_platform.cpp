@@ -16,6 +16,7 @@
 #include "platform/platform.h"
 #include "platform/posix/native_path.h"
 #include "platform/text_profile.h"
+#include "platform/windows1252.h"
 
 namespace conmuta {
 namespace {
@@ -46,27 +47,18 @@ class Windows1252 final : public CodePage {
   Text FromBytes(std::string_view bytes) const override {
     Text text;
     text.reserve(bytes.size());
-    for (const char b : bytes) {
-      const auto code = static_cast<unsigned char>(b);
-      text.push_back(code >= 0x80 && code <= 0x9F ? kUpperControls[code - 0x80] : char16_t{code});
-    }
+    for (const char b : bytes) text.push_back(CharacterOfWindows1252(b));
     return text;
   }
 
  private:
   static unsigned char ToByte(char16_t c) {
     if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<unsigned char>(c);
-    for (std::size_t i = 0; i < kUpperControls.size(); ++i) {
-      if (kUpperControls[i] == c) return static_cast<unsigned char>(0x80 + i);
+    for (std::size_t i = 0; i < kWindows1252Upper.size(); ++i) {
+      if (kWindows1252Upper[i] == c) return static_cast<unsigned char>(0x80 + i);
     }
     return '?';
   }
-
-  // The characters of the bytes 80 to 9F.
-  static constexpr std::array<char16_t, 32> kUpperControls = {
-      0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-      0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-      0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 };
 
 // An open file; opening may have failed.

@@ -1,0 +1,27 @@
+#include "conmuta/command.h"
+
+namespace conmuta::host {
+
+extern const Command kTraduce;
+extern const Command kExplica;
+extern const Command kAdivina;
+extern const Command kCompila;
+extern const Command kDescompila;
+extern const Command kInforme;
+extern const Command kCable;
+extern const Command kCatalogo;
+extern const Command kCompleta;
+
+namespace {
+
+constexpr const Command* kCommands[] = {
+    &kTraduce,
+};
+
+}  // namespace
+
+std::span<const Command* const> Commands() {
+  return kCommands;
+}
+
+}  // namespace conmuta::host

@@ -1,0 +1,108 @@
+// Rows as RFC 4180 wants them. Columns stay as they are; new ones come at the end.
+#include "conmuta/put.h"
+#include "conmuta/row_format.h"
+#include "conmuta/utf8.h"
+#include "layouts/expected_calls.h"
+#include "platform/unicode.h"
+
+namespace conmuta::host {
+namespace {
+
+constexpr std::string_view kHeading =
+    "archivo,linea,conmutador,tipo,transferencia,fecha,hora,inicio,duracion_s,timbre_s,emisor,"
+    "receptor,telefono,extension_transferida,cuenta,motivo\r\n";
+
+// All fields but those of RowSource: five texts of 30 characters at most, escaped.
+constexpr std::size_t kMostOfFields = 2048;
+
+std::string Quoted(TextView text, bool to_terminal) {
+  std::string bytes = to_terminal ? Shown(text) : Utf8(text);
+  if (bytes.find_first_of("\",\r\n") == std::string::npos) return bytes;
+  std::string quoted = "\"";
+  for (const char c : bytes) quoted.append(c == '"' ? 2 : 1, c);
+  return quoted + '"';
+}
+
+class Csv final : public RowFormat {
+ public:
+  explicit Csv(const RowSource& source)
+      : to_terminal_(source.to_terminal),
+        file_(Quoted(FromUtf8(source.file), to_terminal_) + ','),
+        most_(kMostOfFields + file_.size()) {
+    for (const NamedLayout& named : source.layouts) {
+      layouts_.push_back({',' + Quoted(FromUtf8(named.name), to_terminal_) + ',',
+                          named.layout.sheet.time_of});
+      most_ = std::max(most_, kMostOfFields + file_.size() + layouts_.back().name.size());
+    }
+  }
+
+  void Begin(OutBuffer& out) override { out.Put(kHeading); }
+
+  void Row(OutBuffer& out, std::uint64_t line, const Outcome& outcome) override {
+    const Named& layout = layouts_[outcome.layout];
+    char* at = Put(out.Room(most_), file_);
+    at = PutNumber(at, line);
+    at = Put(at, layout.name);
+    at = outcome.verdict.IsCall() ? PutCall(at, *outcome.call, layout.time_of)
+                                  : Put(at, ",,,,,,,,,,,");
+    at = Put(at, ReasonWord(outcome.verdict));
+    out.WroteTo(Put(at, "\r\n"));
+  }
+
+ private:
+  struct Named {
+    std::string name;
+    layouts::Sheet::TimeOf time_of;
+  };
+
+  char* PutCall(char* at, const clsLlamadaTRD& call, layouts::Sheet::TimeOf time_of) const {
+    const Moment moment = MomentOf(call);
+    at = PutField(at, TypeWord(call.TipoLlamada()));
+    at = PutField(at, TransferWord(call.Atributos()));
+    at = PutDate(at, moment);
+    *at++ = ',';
+    at = PutTime(at, moment);
+    *at++ = ',';
+    if (const auto beginning = BeginningOf(call, time_of)) {
+      at = PutDate(at, *beginning);
+      *at++ = 'T';
+      at = PutTime(at, *beginning);
+    }
+    *at++ = ',';
+    if (const auto duration = layouts::KnownDuration(call)) {
+      at = PutNumber(at, static_cast<std::uint64_t>(*duration));
+    }
+    *at++ = ',';
+    at = PutNumber(at, static_cast<std::uint64_t>(call.Ring()));
+    *at++ = ',';
+    at = PutText(at, call.Emisor());
+    at = PutText(at, call.Receptor());
+    at = PutText(at, call.Telefono());
+    at = PutText(at, call.ExtensionTransferida());
+    return PutText(at, call.CodigoCuenta());
+  }
+
+  static char* PutField(char* at, std::string_view text) {
+    at = Put(at, text);
+    *at++ = ',';
+    return at;
+  }
+  char* PutText(char* at, TextView text) const {
+    at = IsPlain(text, u'"', u',') ? PutPlain(at, text) : Put(at, Quoted(text, to_terminal_));
+    *at++ = ',';
+    return at;
+  }
+
+  bool to_terminal_;
+  std::string file_;
+  std::size_t most_;
+  std::vector<Named> layouts_;
+};
+
+}  // namespace
+
+std::unique_ptr<RowFormat> MakeCsv(const RowSource& source) {
+  return std::make_unique<Csv>(source);
+}
+
+}  // namespace conmuta::host

@@ -1,0 +1,60 @@
+// The lines of a capture, of any size, one after the other.
+#pragma once
+
+#include <cstdint>
+#include <istream>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "layouts/host_line.h"
+#include "platform/calendar.h"
+
+namespace conmuta::host {
+
+// Lines as HostLines cuts them, counted from 1. Those of the head ("# clave: valor", only where they
+// begin the capture) are counted, looked at and not handed out.
+class LineSource {
+ public:
+  explicit LineSource(std::istream& bytes) : bytes_(bytes), chunk_(std::size_t{1} << 16) {}
+
+  // Hands out the lines of the next bytes, as `line(number, std::string_view)`; waits for them
+  // where they come slowly. False when there are no more; a last line without an end was handed out
+  // then.
+  template <class Line>
+  bool Next(Line line) {
+    const std::size_t count = Fill();
+    const auto take = [&](std::string_view text) {
+      ++number_;
+      if (in_head_ && TakeHead(text)) return;
+      line(number_, text);
+    };
+    if (count != 0) {
+      lines_.Take({chunk_.data(), count}, take);
+      return true;
+    }
+    if (!lines_.rest().empty()) take(lines_.rest());
+    return false;
+  }
+
+  std::uint64_t bytes_read() const { return bytes_read_; }
+  // The day on which the capture was taken, if its head says so. Known with the first line that is
+  // handed out.
+  std::optional<CivilDate> date() const { return date_; }
+
+ private:
+  std::size_t Fill();
+  // Whether the line belongs to the head.
+  bool TakeHead(std::string_view line);
+
+  std::istream& bytes_;
+  std::vector<char> chunk_;
+  layouts::HostLines lines_;
+  std::uint64_t bytes_read_ = 0;
+  std::uint64_t number_ = 0;
+  bool in_head_ = true;
+  std::optional<CivilDate> date_;
+};
+
+}  // namespace conmuta::host
