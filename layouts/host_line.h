@@ -6,6 +6,11 @@
 
 namespace conmuta::layouts {
 
+// Whether a byte has a column of its own.
+constexpr bool IsPrinted(char c) {
+  return static_cast<unsigned char>(c) >= ' ';
+}
+
 // Cuts what a switch sends into lines, in whatever pieces it comes. A line ends with LF. The CR
 // before it, and with it all other bytes below 32 (NUL, XON, XOFF, DLE, form feed...), are dropped:
 // they stand between and within the columns of a line without being printed. What a line has beyond
@@ -38,19 +43,17 @@ class HostLines {
   std::string_view rest() const { return present_; }
 
  private:
-  static bool IsControl(char c) { return static_cast<unsigned char>(c) < ' '; }
-
   // Of most lines nothing is to be dropped, and no copy is needed. Without a way out in the middle
   // the processor looks at many bytes at once.
   static bool IsPrinted(std::string_view bytes) {
     bool has_control = false;
-    for (const char c : bytes) has_control |= IsControl(c);
+    for (const char c : bytes) has_control |= !layouts::IsPrinted(c);
     return !has_control;
   }
 
   void Keep(std::string_view bytes) {
     for (const char c : bytes) {
-      if (!IsControl(c) && present_.size() < kMost) present_ += c;
+      if (layouts::IsPrinted(c) && present_.size() < kMost) present_ += c;
     }
   }
 

@@ -54,6 +54,11 @@ class clsTradEST {
   std::int16_t BuscaLlamadaTroncalLista(TextView cadTron) const { return pending_.Find(cadTron); }
   std::size_t CallsWaiting() const { return pending_.Count(); }
 
+  // Whether anything of the lines so far bears on those to come: a call that waits for the end of
+  // its transfer, an account code that waits for its call, a block that is not over. While nothing
+  // does, a fresh translator goes on just as this one.
+  bool Waits() const { return pending_.Count() != 0 || states_.norstar.Waits(); }
+
  private:
   // Why there is nothing to translate with, or nothing to translate; kNone when there is.
   NoCall Obstacle() const;

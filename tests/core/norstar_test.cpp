@@ -599,5 +599,25 @@ TEST_F(Norstar, RandomConversationsKeepTheBlockConsistent) {
   for (const int count : delivered) EXPECT_GT(count, 20);
 }
 
+TEST_F(NorstarTransfer, TranslatorWaitsFromTheSeparatorToTheEndOfTheTransfer) {
+  EXPECT_FALSE(desk_.translator.Waits());
+  Feed(Separator(u"0123", u"205"));
+  EXPECT_TRUE(desk_.translator.Waits());
+  Feed(Event(u"INCOMING CALL    RINGING 0:06"));
+  Translate(Event(u"TRANSFERRED"));
+  EXPECT_TRUE(desk_.translator.Waits());
+  Feed(Separator(u"0123", u"206"));
+  Feed(Event(u"FROM TRANSFER"));
+  Translate(Event(u"CALL RELEASED"));
+  EXPECT_FALSE(desk_.translator.Waits());
+}
+
+TEST_F(NorstarTransfer, TranslatorWaitsWithABlockThatWasGivenUp) {
+  Feed(Separator(u"0123", u"205"));
+  Feed(Event(u"FROM TRANSFER"));
+  EXPECT_FALSE(BlockIsOpen());
+  EXPECT_TRUE(desk_.translator.Waits());
+}
+
 }  // namespace
 }  // namespace conmuta

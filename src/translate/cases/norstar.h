@@ -13,6 +13,12 @@ class Norstar {
   template <class Watch>
   bool Translate(Work<Watch>& work);
 
+  // Whether a call is being put together. One that was given up waits, too: the next separator may
+  // deliver it.
+  bool Waits() const {
+    return block_is_open_ || block_call_.TipoLlamada() != emLlamadaIndefinida;
+  }
+
  private:
   template <class Watch>
   bool OpenBlock(Work<Watch>& work);

@@ -1,0 +1,132 @@
+#include "capture/backlog.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace conmuta::capture {
+namespace {
+
+std::size_t SizeOf(const Arrival& arrival) {
+  return sizeof arrival + arrival.line.bytes.size() + arrival.line.place.size();
+}
+
+}  // namespace
+
+Backlog::Backlog(std::vector<std::string> sources, OpenDatabase open_spill, Limits limits,
+                 Messages& messages, Now now)
+    : names_(std::move(sources)),
+      open_spill_(std::move(open_spill)),
+      limits_(limits),
+      spill_complaint_(messages),
+      now_(std::move(now)),
+      last_(names_.size()) {}
+
+void Backlog::ContinueFrom(std::size_t source, std::int64_t last) {
+  const std::lock_guard lock(mutex_);
+  last_[source] = std::max({last_[source], last, OpenSpill().Last(source)});
+}
+
+bool Backlog::MustWait() const {
+  const std::lock_guard lock(mutex_);
+  return bytes_ >= limits_.memory;
+}
+
+std::size_t Backlog::waiting() const {
+  const std::lock_guard lock(mutex_);
+  return memory_.size();
+}
+
+void Backlog::Put(std::size_t source, std::string bytes, Wholeness wholeness, std::string place,
+                  bool can_wait) {
+  const std::lock_guard lock(mutex_);
+  if (!can_wait && bytes_ >= limits_.memory && !SpillMemory({}) && bytes_ >= limits_.refuse) {
+    ++incidents_[{source, Incident::kLost}];
+    return;
+  }
+  Arrival arrival{source, {}};
+  arrival.line.number = ++last_[source];
+  arrival.line.time_ms = now_();
+  arrival.line.wholeness = wholeness;
+  arrival.line.bytes = std::move(bytes);
+  arrival.line.place = std::move(place);
+  bytes_ += SizeOf(arrival);
+  memory_.push_back(std::move(arrival));
+  changed_.notify_one();
+}
+
+void Backlog::Count(std::size_t source, Incident incident, std::int64_t count) {
+  const std::lock_guard lock(mutex_);
+  incidents_[{source, incident}] += count;
+  changed_.notify_one();
+}
+
+bool Backlog::Wait(std::chrono::milliseconds delay, std::size_t enough) {
+  std::unique_lock lock(mutex_);
+  const auto any = [&] {
+    return !memory_.empty() || !incidents_.empty() || !batch_.Empty() ||
+           (spill_ && spill_->count() > 0);
+  };
+  changed_.wait_for(lock, delay, [&] { return hurry_ || any(); });
+  if (!any()) return false;
+  changed_.wait_for(lock, delay, [&] { return hurry_ || memory_.size() >= enough; });
+  return true;
+}
+
+void Backlog::Hurry() {
+  const std::lock_guard lock(mutex_);
+  hurry_ = true;
+  changed_.notify_all();
+}
+
+const Backlog::Batch& Backlog::Next(std::size_t count) {
+  const std::lock_guard lock(mutex_);
+  if (!batch_.Empty()) return batch_;
+  batch_.incidents = std::exchange(incidents_, {});
+  batch_.spilled = spill_ && spill_->count() > 0;
+  if (batch_.spilled) {
+    batch_.lines = spill_->First(count);
+  } else {
+    const auto end = memory_.begin() + static_cast<std::ptrdiff_t>(std::min(count, memory_.size()));
+    batch_.lines.assign(std::make_move_iterator(memory_.begin()), std::make_move_iterator(end));
+    memory_.erase(memory_.begin(), end);
+    for (const Arrival& arrival : batch_.lines) bytes_ -= SizeOf(arrival);
+  }
+  return batch_;
+}
+
+void Backlog::Done() {
+  const std::lock_guard lock(mutex_);
+  if (batch_.spilled) spill_->Remove(batch_.lines);
+  batch_ = {};
+}
+
+// What the writer has in hand comes first by its numbers, wherever it lies.
+bool Backlog::SpillAll() {
+  const std::lock_guard lock(mutex_);
+  return SpillMemory(batch_.spilled ? std::vector<Arrival>() : batch_.lines);
+}
+
+bool Backlog::SpillMemory(std::vector<Arrival> lines) {
+  lines.insert(lines.end(), memory_.begin(), memory_.end());
+  if (lines.empty()) return true;
+  try {
+    OpenSpill().Add(lines);
+  } catch (const StoreError& error) {
+    spill_complaint_.Tell(std::string("no se pueden apartar líneas en el derrame: ") +
+                          error.what());
+    return false;
+  }
+  spill_complaint_.Over("el derrame vuelve a tomar líneas");
+  for (const Arrival& arrival : memory_) ++incidents_[{arrival.source, Incident::kSpilled}];
+  memory_.clear();
+  bytes_ = 0;
+  return true;
+}
+
+Spill& Backlog::OpenSpill() {
+  if (!spill_) spill_.emplace(names_, open_spill_);
+  return *spill_;
+}
+
+}  // namespace conmuta::capture

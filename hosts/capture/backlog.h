@@ -1,0 +1,87 @@
+// Lines between the sources and the store: in memory, and on the disk when the store does not keep
+// up.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "capture/messages.h"
+#include "capture/moment.h"
+#include "capture/received.h"
+#include "capture/recorder.h"
+#include "capture/spill.h"
+
+namespace conmuta::capture {
+
+// Sources put lines in, one writer takes them out, each in a thread of its own. Numbers are given
+// here.
+class Backlog {
+ public:
+  struct Limits {
+    std::size_t memory = 8 << 20;   // bytes; above that sources wait, or lines are spilled
+    std::size_t refuse = 64 << 20;  // bytes; above that lines of sources that cannot wait are lost
+  };
+
+  Backlog(std::vector<std::string> sources, OpenDatabase open_spill, Limits limits,
+          Messages& messages, Now now);
+
+  // Before the first line: what number the store has last. What was spilled before counts, too.
+  // StoreError when that cannot be known.
+  void ContinueFrom(std::size_t source, std::int64_t last);
+
+  // Whether whoever can wait should.
+  bool MustWait() const;
+
+  void Put(std::size_t source, std::string bytes, Wholeness wholeness, std::string place,
+           bool can_wait);
+  void Count(std::size_t source, Incident incident, std::int64_t count);
+
+  // Waits until there are lines, and then `delay` for more of them, though not for more than
+  // `enough`. Gives whether there is anything to write.
+  bool Wait(std::chrono::milliseconds delay, std::size_t enough);
+  // Wait does not wait any more.
+  void Hurry();
+
+  // The next lines for the store, and what was counted meanwhile; the same until Done.
+  struct Batch {
+    std::vector<Arrival> lines;
+    Incidents incidents;
+    bool spilled = false;
+    bool Empty() const { return lines.empty() && incidents.empty(); }
+  };
+  const Batch& Next(std::size_t count);
+  void Done();
+
+  // Puts all lines on the disk. False when that fails.
+  bool SpillAll();
+  // In memory.
+  std::size_t waiting() const;
+
+ private:
+  // These and those in memory.
+  bool SpillMemory(std::vector<Arrival> lines);
+  Spill& OpenSpill();
+
+  mutable std::mutex mutex_;
+  std::condition_variable changed_;
+  std::vector<std::string> names_;
+  OpenDatabase open_spill_;
+  Limits limits_;
+  Complaint spill_complaint_;
+  Now now_;
+  std::vector<std::int64_t> last_;
+  std::deque<Arrival> memory_;
+  std::size_t bytes_ = 0;
+  Incidents incidents_;
+  std::optional<Spill> spill_;
+  Batch batch_;  // with the writer
+  bool hurry_ = false;
+};
+
+}  // namespace conmuta::capture

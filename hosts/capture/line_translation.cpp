@@ -1,0 +1,24 @@
+#include "capture/line_translation.h"
+
+#include "layouts/host_line.h"
+
+namespace conmuta::capture {
+
+void LineTranslation::StartAfresh() {
+  translator_ = std::make_unique<clsTradEST>(day_);
+  translator_->Conmutador(&config_);
+}
+
+layouts::Outcome LineTranslation::Translate(const Received& line) {
+  day_.Set(line.time_ms);
+  printed_.clear();
+  for (const char c : line.bytes) {
+    if (layouts::IsPrinted(c)) printed_ += c;
+  }
+  LineObserver nobody;
+  const Verdict verdict =
+      translator_->Translate(SystemPlatform().code_page.FromBytes(printed_), nobody);
+  return layouts::OutcomeOf(verdict, translator_->InfoLlamada());
+}
+
+}  // namespace conmuta::capture

@@ -1,0 +1,41 @@
+#include "capture/messages.h"
+
+#include <array>
+#include <cstdio>
+
+namespace conmuta::capture {
+
+std::string Escaped(std::string_view bytes) {
+  std::string text;
+  for (const char c : bytes) {
+    const auto code = static_cast<unsigned char>(c);
+    if (code >= 0x20 && code < 0x7F) {
+      text += c;
+    } else {
+      std::array<char, 5> escape{};
+      std::snprintf(escape.data(), escape.size(), "\\x%02X", unsigned{code});
+      text += escape.data();
+    }
+  }
+  return text;
+}
+
+void Messages::Tell(std::string_view sentence) {
+  const std::lock_guard lock(mutex_);
+  out_ << sentence << '\n' << std::flush;
+}
+
+void Complaint::Tell(const std::string& sentence) {
+  if (++times_ < next_) return;
+  next_ *= 2;
+  messages_.Tell(times_ == 1 ? sentence : sentence + " (van " + std::to_string(times_) + " veces)");
+}
+
+void Complaint::Over(const std::string& sentence) {
+  if (times_ == 0) return;
+  times_ = 0;
+  next_ = 1;
+  messages_.Tell(sentence);
+}
+
+}  // namespace conmuta::capture

@@ -1,0 +1,69 @@
+// Puts lines into the store, and what is made of them, in one transaction.
+#pragma once
+
+#include <deque>
+#include <map>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "capture/line_translation.h"
+#include "capture/store.h"
+
+namespace conmuta::capture {
+
+struct SourceLayout {
+  std::string name;    // of the source
+  std::string layout;  // what it is called
+  clsCfgConmut* config = nullptr;
+};
+
+// Increments of what is counted, by source.
+using Incidents = std::map<std::pair<std::size_t, Incident>, std::int64_t>;
+
+// The store knows best: a translator is where the store says that it is, or is brought there by
+// translating again from the last line before which nothing waited.
+class Recorder {
+ public:
+  Recorder(std::vector<SourceLayout> sources, OpenDatabase open);
+
+  // Opens the store if it is not open. StoreError.
+  void Open(Thoroughness thoroughness);
+  void Close() { store_.reset(); }
+
+  // What the store had of a source when it was opened last.
+  const SourceRow& Row(std::size_t source) const { return sources_[source].row; }
+
+  // All of these or, with StoreError, nothing. Lines that are there already change nothing; those
+  // of one source come in the order of their numbers.
+  void Record(std::span<const Arrival> lines, const Incidents& incidents);
+
+  // Translates what is stored and was not translated yet.
+  void CatchUp();
+  // Translates anew all that is stored, with the layout that the sources have now.
+  void TranslateAnew();
+
+ private:
+  struct Source {
+    explicit Source(const SourceLayout& l) : layout(l), translation(*l.config) {}
+
+    SourceLayout layout;
+    LineTranslation translation;
+    SourceRow row;
+    bool stands = false;   // the translator is where the row says
+    bool touched = false;  // in this transaction
+    std::string place;     // likewise
+  };
+
+  void Stand(Source& source);
+  void Conclude(Source& source, const Received& line, bool write);
+  template <class Work>
+  void InTransaction(Work work);
+
+  OpenDatabase open_;
+  std::deque<Source> sources_;
+  std::unique_ptr<Store> store_;
+};
+
+}  // namespace conmuta::capture

@@ -1,0 +1,42 @@
+// Lines that the store does not take at present, kept until it does.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "capture/database.h"
+#include "capture/received.h"
+
+namespace conmuta::capture {
+
+// Everything throws StoreError.
+class Spill {
+ public:
+  Spill(std::vector<std::string> sources, OpenDatabase open);
+
+  // All of them or none; those that are there already change nothing.
+  void Add(std::span<const Arrival> lines);
+
+  // At most so many, those of one source in the order of their numbers.
+  std::vector<Arrival> First(std::size_t count);
+  void Remove(std::span<const Arrival> lines);
+
+  // Of the sources that are known here.
+  std::int64_t count() const { return count_; }
+  // The highest number of a source; 0 without lines.
+  std::int64_t Last(std::size_t source) const { return last_[source]; }
+
+ private:
+  template <class Work>
+  void InTransaction(Work work);
+
+  std::vector<std::string> names_;
+  std::unique_ptr<Database> database_;
+  std::unique_ptr<Statement> add_, first_, remove_;
+  std::vector<std::int64_t> last_;
+  std::int64_t count_ = 0;
+};
+
+}  // namespace conmuta::capture

@@ -1,0 +1,231 @@
+// Whatever fails under the store, lines that were kept stay, and none is there twice.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "capture/faulty_files.h"
+#include "capture/line_bench.h"
+#include "capture/recorder.h"
+#include "support/temporary_folder.h"
+
+namespace conmuta::capture {
+namespace {
+
+using test::Arrivals;
+using test::ExpectAllKept;
+using test::FaultyFiles;
+using test::Switch;
+using test::TemporaryFolder;
+
+struct StoreBench {
+  explicit StoreBench(const std::string& name) : pbx(name) {}
+
+  Recorder MakeRecorder(const char* vfs = nullptr) {
+    return Recorder({{"centro", pbx.name, &pbx.config}}, [this, vfs](Thoroughness thoroughness) {
+      return OpenSqliteOrSetAside(path, thoroughness, messages, vfs);
+    });
+  }
+  void ExpectAll(const std::vector<std::string>& sent) {
+    ExpectAllKept(path, "centro", pbx.config, sent);
+  }
+
+  Switch pbx;
+  TemporaryFolder folder;
+  std::filesystem::path path = folder.path() / "lineas.db";
+  std::ostringstream told;
+  Messages messages{told};
+};
+
+// Batches of a few lines, each tried again until the store takes it.
+template <class Failed>
+void RecordAll(Recorder& recorder, const std::vector<Arrival>& lines, Failed failed) {
+  constexpr std::size_t kBatch = 7;
+  for (std::size_t i = 0; i < lines.size();) {
+    const std::size_t count = std::min(kBatch, lines.size() - i);
+    try {
+      recorder.Open(Thoroughness::kQuick);
+      recorder.Record({lines.data() + i, count}, {});
+      i += count;
+    } catch (const StoreError&) {
+      recorder.Close();
+      failed();
+    }
+  }
+}
+
+class StoreUnderFailure : public ::testing::TestWithParam<std::pair<int, bool>> {};
+
+TEST_P(StoreUnderFailure, EveryOperationMayFailAndNothingIsLostOrDoubled) {
+  const auto [code, lasting] = GetParam();
+  std::int64_t at = 0;
+  // Under sanitizers and Wine each round is slow; primes meet every kind of operation.
+  for (;; at += at < 60 ? 1 : 7) {
+    StoreBench bench("nortel-meridian");
+    const auto lines = Arrivals(bench.pbx.lines);
+    FaultyFiles files;
+    {
+      Recorder recorder = bench.MakeRecorder(files.name());
+      files.FailAfter(at, code, lasting);
+      int failures = 0;
+      RecordAll(recorder, lines, [&] {
+        if (++failures > 2) files.StopFailing();
+      });
+    }
+    const bool failed = files.failures() > 0;
+    files.StopFailing();
+    bench.ExpectAll(bench.pbx.lines);
+    if (HasFailure()) FAIL() << "operation " << at;
+    if (!failed) break;
+  }
+  EXPECT_GT(at, 30);
+}
+
+INSTANTIATE_TEST_SUITE_P(Codes, StoreUnderFailure,
+                         ::testing::Values(std::pair(SQLITE_FULL, false),
+                                           std::pair(SQLITE_FULL, true),
+                                           std::pair(SQLITE_IOERR_WRITE, false),
+                                           std::pair(SQLITE_IOERR_WRITE, true),
+                                           std::pair(SQLITE_READONLY, true)));
+
+TEST(StoreAtAPowerCut, HasEachBatchWholeOrNotAtAll) {
+  StoreBench bench("samsung-dcs");
+  const auto lines = Arrivals(bench.pbx.lines);
+  FaultyFiles files;
+  Recorder recorder = bench.MakeRecorder(files.name());
+  recorder.Open(Thoroughness::kQuick);
+  const auto after = bench.folder.path() / "despues.db";
+  constexpr std::size_t kBatch = 5;
+  for (std::size_t i = 0; i < lines.size(); i += kBatch) {
+    const std::size_t count = std::min(kBatch, lines.size() - i);
+    recorder.Record({lines.data() + i, count}, {});
+    files.PowerCut(bench.path, after);
+    const std::vector<std::string> so_far(
+        bench.pbx.lines.begin(), bench.pbx.lines.begin() + static_cast<std::ptrdiff_t>(i + count));
+    ExpectAllKept(after, "centro", bench.pbx.config, so_far);
+    if (HasFailure()) FAIL() << "after line " << i + count;
+  }
+}
+
+TEST(StoreAtRestart, CallsThatWaitAreWaitedForAgain) {
+  for (const char* name : {"nortel-meridian", "nortel-norstar", "samsung-dcs", "toshiba-ctx"}) {
+    StoreBench bench(name);
+    for (const Arrival& line : Arrivals(bench.pbx.lines)) {
+      Recorder recorder = bench.MakeRecorder();
+      recorder.Open(Thoroughness::kQuick);
+      recorder.Record({&line, 1}, {});
+    }
+    bench.ExpectAll(bench.pbx.lines);
+  }
+}
+
+TEST(StoreAtRestart, OnlyLinesFromTheLastQuietPointAreTranslatedAgain) {
+  StoreBench bench("panasonic-kx");
+  const auto lines = Arrivals(bench.pbx.lines);
+  Recorder recorder = bench.MakeRecorder();
+  recorder.Open(Thoroughness::kQuick);
+  recorder.Record(lines, {});
+  EXPECT_EQ(recorder.Row(0).replay_from, static_cast<std::int64_t>(lines.size()) + 1);
+}
+
+TEST(StoreAtRestart, LinesThatAreThereAlreadyChangeNothing) {
+  StoreBench bench("nortel-meridian");
+  const auto lines = Arrivals(bench.pbx.lines);
+  for (int round = 0; round < 3; ++round) {
+    Recorder recorder = bench.MakeRecorder();
+    recorder.Open(Thoroughness::kQuick);
+    recorder.Record({lines.data(), 20}, {});
+    recorder.Record(lines, {});
+  }
+  bench.ExpectAll(bench.pbx.lines);
+}
+
+TEST(StoreThatIsDamaged, IsSetAsideUnderANameThatIsTold) {
+  StoreBench bench("panasonic-kx");
+  const std::string damaged =
+      "esto no es un almacén, y nadie debe borrarlo" + std::string(5000, 'x');
+  std::ofstream(bench.path, std::ios::binary) << damaged;
+  {
+    Recorder recorder = bench.MakeRecorder();
+    recorder.Open(Thoroughness::kChecked);
+    recorder.Record(Arrivals(bench.pbx.lines), {});
+  }
+  bench.ExpectAll(bench.pbx.lines);
+  std::filesystem::path aside;
+  for (const auto& path : test::Entries(bench.folder.path())) {
+    if (path.filename().string().find("apartado") != std::string::npos) aside = path;
+  }
+  EXPECT_EQ(test::ReadWhole(aside), damaged);
+  EXPECT_NE(bench.told.str().find(aside.filename().string()), std::string::npos);
+}
+
+TEST(StoreThatIsDamaged, IsFoundByLookingThroughIt) {
+  StoreBench bench("panasonic-kx");
+  {
+    Recorder recorder = bench.MakeRecorder();
+    recorder.Open(Thoroughness::kQuick);
+    std::vector<std::string> many;
+    for (int i = 0; i < 20; ++i) {
+      many.insert(many.end(), bench.pbx.lines.begin(), bench.pbx.lines.end());
+    }
+    recorder.Record(Arrivals(many), {});
+  }
+  {
+    std::fstream file(bench.path, std::ios::binary | std::ios::in | std::ios::out);
+    file.seekp(4096 * 12);
+    file << std::string(4096 * 4, '\xAA');
+  }
+  Recorder recorder = bench.MakeRecorder();
+  recorder.Open(Thoroughness::kChecked);
+  EXPECT_NE(bench.told.str().find("apartó"), std::string::npos);
+  EXPECT_EQ(recorder.Row(0).last, 0);
+}
+
+TEST(StoreOfAnotherVersion, OfALaterOneIsLeftAlone) {
+  StoreBench bench("panasonic-kx");
+  {
+    Recorder recorder = bench.MakeRecorder();
+    recorder.Open(Thoroughness::kQuick);
+  }
+  OpenSqlite(bench.path, Access::kReadWrite, Thoroughness::kQuick)
+      ->Run("UPDATE versiones SET version = 3, lector_minimo = 2 WHERE parte = 'recibido'");
+  Recorder recorder = bench.MakeRecorder();
+  EXPECT_THROW(recorder.Open(Thoroughness::kQuick), StoreError);
+}
+
+TEST(StoreOfAnotherVersion, WhatWasConcludedIsMadeAgainFromWhatWasReceived) {
+  StoreBench bench("nortel-meridian");
+  {
+    Recorder recorder = bench.MakeRecorder();
+    recorder.Open(Thoroughness::kQuick);
+    recorder.Record(Arrivals(bench.pbx.lines), {});
+  }
+  OpenSqlite(bench.path, Access::kReadWrite, Thoroughness::kQuick)
+      ->Run(
+          "DELETE FROM llamadas; "
+          "UPDATE versiones SET version = -1, lector_minimo = -1 WHERE parte = 'concluido'");
+  Recorder recorder = bench.MakeRecorder();
+  recorder.Open(Thoroughness::kQuick);
+  recorder.CatchUp();
+  bench.ExpectAll(bench.pbx.lines);
+}
+
+TEST(StoreTranslatedAnew, HasTheCallsOfTheOtherLayout) {
+  StoreBench bench("panasonic-kx");
+  {
+    Recorder recorder = bench.MakeRecorder();
+    recorder.Open(Thoroughness::kQuick);
+    recorder.Record(Arrivals(bench.pbx.lines), {});
+  }
+  Switch other("panasonic-b");
+  Recorder recorder({{"centro", other.name, &other.config}}, [&](Thoroughness thoroughness) {
+    return OpenSqliteOrSetAside(bench.path, thoroughness, bench.messages);
+  });
+  recorder.Open(Thoroughness::kQuick);
+  recorder.TranslateAnew();
+  recorder.Close();
+  ExpectAllKept(bench.path, "centro", other.config, bench.pbx.lines);
+}
+
+}  // namespace
+}  // namespace conmuta::capture
