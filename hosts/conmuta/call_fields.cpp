@@ -29,7 +29,8 @@ std::string_view TypeWord(emTiposLlamadas type) {
 
 std::string_view TransferWord(emAtributosLlamadas attribute) {
   static const auto words = ByCode(layouts::kTransferWords);
-  return attribute == emSinAtributo ? "" : words[static_cast<std::size_t>(attribute)];
+  if (attribute == emSinAtributo) return {};
+  return words[static_cast<std::size_t>(attribute)];
 }
 
 std::string_view ReasonWord(const Verdict& verdict) {
