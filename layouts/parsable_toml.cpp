@@ -82,15 +82,18 @@ class Walk {
 }  // namespace
 
 std::string ParsableToml(std::string_view toml) {
-  int parts = 1;  // of the present key
+  int parts = 1;          // of the present key
+  bool in_value = false;  // that has begun behind a "="
   for (Walk walk(toml); walk.Next();) {
     const char c = walk.character();
+    const bool is_second_equals = c == '=' && in_value;
     if (c == '.') {
       ++parts;
-    } else if (c == '\n' || c == '=' || c == ',' || c == '[' || c == '{') {
+    } else if (std::string_view("\n=,[]{}").find(c) != std::string_view::npos) {
       parts = 1;
+      in_value = c == '=';
     }
-    if (!IsAscii(c) || IsQuote(c) || parts > kMostKeyParts) {
+    if (!IsAscii(c) || IsQuote(c) || is_second_equals || parts > kMostKeyParts) {
       return std::string(toml.substr(0, walk.place())) + "!";
     }
   }
