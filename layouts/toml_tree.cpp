@@ -19,10 +19,10 @@ struct ParserGaveUp {};
 #define TOML_EXCEPTIONS 0
 #define TOML_ENABLE_FORMATTERS 0
 #define TOML_MAX_NESTED_VALUES 16
-#pragma GCC diagnostic push
+#ifndef __clang__
 #pragma GCC diagnostic ignored "-Wterminate"  // what cannot fail in it is checked, too
+#endif
 #include <toml++/toml.h>
-#pragma GCC diagnostic pop
 
 namespace conmuta::layouts {
 namespace {
