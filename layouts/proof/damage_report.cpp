@@ -17,35 +17,36 @@ class DamagePlayer {
       : family_(family),
         played_(family.layout),
         lonely_(played_),
-        outcomes_(Play(played_, family.capture)) {}
+        outcomes_(layouts::Play(played_, family.capture)) {}
 
-  // The calls from that line on, as far as they depend on it: of the capture as it is, and damaged.
-  std::vector<ExpectedCall> Whole(std::size_t index, const DamagedLine& damaged) const {
-    std::vector<ExpectedCall> calls;
-    const std::size_t end = played_.HasMemory() ? outcomes_.size() : Next(index, damaged);
-    for (std::size_t i = index; i < end; ++i) Keep(outcomes_[i], calls);
-    return calls;
-  }
-  std::vector<ExpectedCall> Found(std::size_t index, const DamagedLine& damaged) {
-    std::vector<ExpectedCall> calls;
+  // The calls of the capture as it is, and damaged: those of the line, and those of lines behind it
+  // that become different by it.
+  struct Calls {
+    std::vector<ExpectedCall> whole;
+    std::vector<ExpectedCall> found;
+  };
+  Calls Play(std::size_t index, const DamagedLine& damaged) {
+    const auto& lines = family_.capture.lines;
+    const std::size_t next = index + (damaged.has_next ? 2 : 1);
+    Calls calls;
+    for (std::size_t i = index; i < next; ++i) Keep(outcomes_[i], calls.whole);
     if (!played_.HasMemory()) {
-      Keep(lonely_.Take(damaged.text), calls);
+      Keep(lonely_.Take(damaged.text), calls.found);
       return calls;
     }
-    const auto& lines = family_.capture.lines;
     Player player(played_);
     for (std::size_t i = 0; i < index; ++i) player.Pass(lines[i].text);
-    Keep(player.Take(damaged.text), calls);
-    for (std::size_t i = Next(index, damaged); i < lines.size(); ++i) {
-      Keep(player.Take(lines[i].text), calls);
+    Keep(player.Take(damaged.text), calls.found);
+    for (std::size_t i = next; i < lines.size(); ++i) {
+      const Outcome outcome = player.Take(lines[i].text);
+      if (outcome == outcomes_[i]) continue;
+      Keep(outcomes_[i], calls.whole);
+      Keep(outcome, calls.found);
     }
     return calls;
   }
 
  private:
-  static std::size_t Next(std::size_t index, const DamagedLine& damaged) {
-    return index + (damaged.has_next ? 2 : 1);
-  }
   static void Keep(const Outcome& outcome, std::vector<ExpectedCall>& calls) {
     if (outcome.call) calls.push_back(*outcome.call);
   }
@@ -87,10 +88,10 @@ DamageReport DamageReportOf(const Family& family, const HarmListener& listener) 
   const auto& lines = family.capture.lines;
   for (std::size_t i = 0; i < lines.size(); ++i) {
     for (const DamagedLine& damaged : DamagedForms(lines, i)) {
-      const auto found = player.Found(i, damaged);
-      const Harm harm = Compare(player.Whole(i, damaged), found);
+      const auto calls = player.Play(i, damaged);
+      const Harm harm = Compare(calls.whole, calls.found);
       report.by_damage[static_cast<std::size_t>(damaged.damage)].Add(harm);
-      if (listener && harm != Harm::kNone) listener({lines[i].number, damaged, harm, found});
+      if (listener && harm != Harm::kNone) listener({lines[i].number, damaged, harm, calls.found});
     }
   }
   return report;

@@ -1,10 +1,16 @@
 #include "layouts/proof/harm.h"
 
 #include <algorithm>
-#include <iterator>
+#include <utility>
 
 namespace conmuta::layouts {
 namespace {
+
+// Blanks at the end of an account that is read as text are nothing to a person.
+std::vector<ExpectedCall> Seen(std::vector<ExpectedCall> calls) {
+  for (ExpectedCall& call : calls) call.account = TrimRight(call.account);
+  return calls;
+}
 
 Harm Between(const ExpectedCall& whole, const ExpectedCall& found) {
   if (whole == found) return Harm::kNone;
@@ -23,7 +29,8 @@ Harm Compare(std::vector<ExpectedCall> whole, const std::vector<ExpectedCall>& f
   Harm worst = Harm::kNone;
   // Each call stands for one: what comes a second time is somebody else's, too. The most alike are
   // taken first.
-  std::vector<ExpectedCall> left = found;
+  whole = Seen(std::move(whole));
+  std::vector<ExpectedCall> left = Seen(found);
   for (const Harm harm : {Harm::kNone, Harm::kDetail, Harm::kDuration}) {
     std::vector<ExpectedCall> unlike;
     for (const ExpectedCall& call : left) {

@@ -39,7 +39,7 @@ int ShowMatrix(const std::vector<Family>& families) {
   int status = 0;
   for (std::size_t i = 0; i < families.size(); ++i) {
     for (const std::size_t rival : Rivals(matrix, i)) {
-      std::fprintf(stderr, "%s explica la captura de %s mejor que la suya\n",
+      std::fprintf(stderr, "%s explica la captura de %s tan bien como la suya\n",
                    families[rival].name.c_str(), families[i].name.c_str());
       status = kDifferent;
     }

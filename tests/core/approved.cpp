@@ -4,10 +4,9 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sstream>
+
+#include "support/approved_file.h"
 
 namespace conmuta::test {
 namespace {
@@ -35,13 +34,7 @@ bool AlikeLines(const std::string& a, const std::string& b, double tolerance) {
 }  // namespace
 
 std::string Approved(const std::string& name, const std::string& made) {
-  const auto path = std::filesystem::path(CONMUTA_APPROVED) / name;
-  if (std::getenv("CONMUTA_APPROVE") != nullptr) {
-    std::ofstream(path, std::ios::binary) << made;
-  }
-  std::ifstream file(path, std::ios::binary);
-  EXPECT_TRUE(file) << "nothing was approved as " << path;
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  return ApprovedFile(std::filesystem::path(CONMUTA_APPROVED) / name, made);
 }
 
 void ExpectLikeApproved(const std::string& name, const std::string& made, double tolerance) {

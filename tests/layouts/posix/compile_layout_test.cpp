@@ -1,11 +1,10 @@
 // The program that makes the catalogue's configuration files, run as the build runs it.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
+#include "layouts/posix/run_program.h"
 #include "layouts/read_layout.h"
 #include "support/saved_config.h"
 #include "support/source_files.h"
@@ -31,11 +30,9 @@ class CompileLayout : public testing::Test {
 
   // The exit code; what it said is in said_.
   int Run(const std::string& arguments) {
-    const std::string log = (folder_ / "log").string();
-    const int status =
-        std::system((CONMUTA_COMPILE_LAYOUT " " + arguments + " >" + log + " 2>&1").c_str());
-    said_ = test::ReadWhole(log);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    const auto run = test::RunProgram(CONMUTA_COMPILE_LAYOUT " " + arguments, folder_);
+    said_ = run.said;
+    return run.status;
   }
 
   std::string Out() const { return (folder_ / "out").string(); }
