@@ -7,6 +7,7 @@
 #include "layouts/proof/damage_report.h"
 #include "layouts/proof/family.h"
 #include "layouts/proof/matrix.h"
+#include "layouts/proof/page.h"
 #include "layouts/proof/tally.h"
 #include "platform/unicode.h"
 
@@ -66,10 +67,19 @@ void ShowWrongCalls(const Family& family, const DamageHarm& harm) {
   }
 }
 
-int ShowDamage(const std::vector<Family>& families) {
+std::vector<DamageReport> DamageReportsOf(const std::vector<Family>& families) {
   std::vector<DamageReport> reports;
   for (const Family& family : families) reports.push_back(DamageReportOf(family));
-  std::fputs(DamageTable(families, reports).c_str(), stdout);
+  return reports;
+}
+
+int ShowDamage(const std::vector<Family>& families) {
+  std::fputs(DamageTable(families, DamageReportsOf(families)).c_str(), stdout);
+  return 0;
+}
+
+int ShowPage(const std::vector<Family>& families) {
+  std::fputs(CataloguePage(families, DamageReportsOf(families)).c_str(), stdout);
   return 0;
 }
 
@@ -85,8 +95,10 @@ struct Mode {
   const char* option;
   int (*show)(const std::vector<Family>& families);
 };
-constexpr Mode kModes[] = {
-    {"--matrix", ShowMatrix}, {"--damage", ShowDamage}, {"--wrong", ShowWrong}};
+constexpr Mode kModes[] = {{"--matrix", ShowMatrix},
+                           {"--damage", ShowDamage},
+                           {"--wrong", ShowWrong},
+                           {"--page", ShowPage}};
 
 const Mode* FindMode(const std::string& option) {
   const auto* const mode = std::find_if(std::begin(kModes), std::end(kModes),
@@ -106,7 +118,7 @@ int Main(std::vector<std::string> arguments) {
   }
   if (arguments.empty()) {
     std::fputs(
-        "Usage: prove_switches [--matrix|--damage|--wrong] FOLDER...\n"
+        "Usage: prove_switches [--matrix|--damage|--wrong|--page] FOLDER...\n"
         "Translates the capture of each switch folder by its layout: a line a family, and on\n"
         "stderr where something else comes out than expected.txt says. Ends with 0, or 1 after\n"
         "differences and mistakes.\n"
@@ -114,7 +126,8 @@ int Main(std::vector<std::string> arguments) {
         "not\n"
         "            explain its own capture best\n"
         "  --damage  what comes of damaged lines, in parts of a thousand\n"
-        "  --wrong   the damaged lines that become somebody else's call, and that call\n",
+        "  --wrong   the damaged lines that become somebody else's call, and that call\n"
+        "  --page    docs/switches.md\n",
         stderr);
     return kUsage;
   }

@@ -4,6 +4,7 @@
 
 #include "layouts/catalogue.h"
 #include "layouts/proof/matrix.h"
+#include "layouts/proof/page.h"
 #include "support/approved_file.h"
 
 namespace conmuta::layouts {
@@ -11,8 +12,8 @@ namespace {
 
 class CatalogueProof : public testing::Test {
  protected:
-  static std::string Approved(const char* name, const std::string& made) {
-    return test::ApprovedFile(CONMUTA_SOURCES "/tests/layouts/approved/" + std::string(name), made);
+  static std::string Approved(const std::string& path, const std::string& made) {
+    return test::ApprovedFile(CONMUTA_SOURCES "/" + path, made);
   }
 
   static const Matrix& Calls() {
@@ -23,7 +24,7 @@ class CatalogueProof : public testing::Test {
 
 TEST_F(CatalogueProof, EveryLayoutOverEveryCaptureGivesTheApprovedCalls) {
   const std::string made = MatrixTable(Catalogue(), Calls());
-  EXPECT_EQ(made, Approved("matrix.txt", made));
+  EXPECT_EQ(made, Approved("tests/layouts/approved/matrix.txt", made));
 }
 
 TEST_F(CatalogueProof, NoLayoutExplainsTheCaptureOfAnotherAsWellAsItsOwnDoes) {
@@ -37,7 +38,12 @@ TEST_F(CatalogueProof, NoLayoutExplainsTheCaptureOfAnotherAsWellAsItsOwnDoes) {
 // They stand on the catalogue's page: one that grows is a layout that got worse.
 TEST_F(CatalogueProof, DamagedLinesAreWrongAsSeldomAsApproved) {
   const std::string made = DamageTable(Catalogue(), CatalogueDamage());
-  EXPECT_EQ(made, Approved("damage.txt", made));
+  EXPECT_EQ(made, Approved("tests/layouts/approved/damage.txt", made));
+}
+
+TEST_F(CatalogueProof, ThePageSaysWhatTheFoldersSay) {
+  const std::string made = CataloguePage(Catalogue(), CatalogueDamage());
+  EXPECT_EQ(made, Approved("docs/switches.md", made));
 }
 
 }  // namespace
