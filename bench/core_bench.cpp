@@ -28,6 +28,6 @@ int main() {
   MeasureParkedCalls();
   CountAllocations(lines);
   MeasureLongLines();
-  MeasureFile(kLines);
+  MeasureFile(lines);
   MeasureCatalogue();
 }

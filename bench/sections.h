@@ -12,7 +12,7 @@ void MeasureErrors();
 void MeasureParkedCalls();
 void CountAllocations(const Lines& lines);
 void MeasureLongLines();
-void MeasureFile(std::size_t lines);  // made up as those of the standard case
+void MeasureFile(const Lines& lines);
 void MeasureCatalogue();
 
 }  // namespace conmuta::bench

@@ -45,8 +45,12 @@ emCasos CaseOf(const std::string& name) {
   return LayoutOf(name).header.Caso;
 }
 
+std::string ConfigFile(const std::string& name) {
+  return PathHere(kCatalogue) + "/" + name + ".cfg";
+}
+
 Text ConfigPath(const std::string& name) {
-  const std::string path = PathHere(kCatalogue) + "/" + name + ".cfg";
+  const std::string path = ConfigFile(name);
   return {path.begin(), path.end()};
 }
 

@@ -13,6 +13,7 @@ std::vector<std::string> Switches();
 emCasos CaseOf(const std::string& name);
 
 // The configuration file that `scripts/build catalogue` made of it.
+std::string ConfigFile(const std::string& name);
 Text ConfigPath(const std::string& name);
 Lines Capture(const std::string& name);
 

@@ -1,10 +1,12 @@
-// The whole path of a file: read, split, widened, translated.
-#include <cstdio>
+// The whole path of a file: read, split, widened, translated; and by the command also written as
+// rows of calls.
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <random>
+#include <sstream>
 
-#include "kx_lines.h"
+#include "conmuta/program.h"
 #include "require.h"
 #include "row.h"
 #include "sections.h"
@@ -14,28 +16,33 @@
 namespace conmuta::bench {
 namespace {
 
-// A file of made-up lines; removed with this.
-class KxFile {
+constexpr double kMostTimesTranslating = 2.5;
+
+// A path that no file has yet; a file that is made there is removed with this.
+class TemporaryPath {
  public:
-  explicit KxFile(std::size_t lines) {
-    std::ofstream file(path_, std::ios::binary);
-    KxLines source;
-    for (std::size_t i = 0; i < lines; ++i) file << source.Next() << "\r\n";
-    Require(file.flush().good(), "the file of lines can be written");
-  }
-  ~KxFile() {
+  TemporaryPath() = default;
+  ~TemporaryPath() {
     std::error_code error;
     std::filesystem::remove(path_, error);
   }
-  KxFile(const KxFile&) = delete;
-  KxFile& operator=(const KxFile&) = delete;
+  TemporaryPath(const TemporaryPath&) = delete;
+  TemporaryPath& operator=(const TemporaryPath&) = delete;
 
-  const std::filesystem::path& path() const { return path_; }
+  const std::filesystem::path& get() const { return path_; }
 
  private:
   const std::filesystem::path path_ = std::filesystem::temp_directory_path() /
                                       ("conmuta-bench-" + std::to_string(std::random_device()()));
 };
+
+void Write(const Lines& lines, const std::filesystem::path& path) {
+  std::ofstream file(path, std::ios::binary);
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    file << std::string(lines[i].begin(), lines[i].end()) << "\r\n";
+  }
+  Require(file.flush().good(), "the file of lines can be written");
+}
 
 // As a host would do it. Gives the number of lines.
 std::size_t TranslateFile(const std::filesystem::path& path, Translator& translator) {
@@ -51,15 +58,33 @@ std::size_t TranslateFile(const std::filesystem::path& path, Translator& transla
   return lines;
 }
 
+void WriteRows(const std::filesystem::path& from, const std::filesystem::path& to) {
+  std::ostringstream out;
+  std::ostringstream err;
+  host::Console console{std::cin, out, err};
+  const int code = host::RunProgram({"traduce", "-q", "-f", "csv", "--reemplaza", "-o", to.string(),
+                                     ConfigFile("panasonic-kx"), from.string()},
+                                    console);
+  Require(code == 0 && err.str().empty(), "the command makes rows of calls");
+}
+
 }  // namespace
 
-void MeasureFile(std::size_t lines) {
-  const KxFile file(lines);
+void MeasureFile(const Lines& lines) {
+  const TemporaryPath file;
+  const TemporaryPath rows;
+  Write(lines, file.get());
   Translator translator("panasonic-kx");
-  Require(TranslateFile(file.path(), translator) == lines, "the file is read whole");
-  const auto spent = BestOfTurns({[&] { TranslateFile(file.path(), translator); }});
-  PrintRow("file read, split, widened, translated", spent[0] / static_cast<double>(lines),
-           "ns a line");
+  Require(TranslateFile(file.get(), translator) == lines.size(), "the file is read whole");
+  const auto spent = BestOfTurns({
+      [&] { translator.Translate(lines); },
+      [&] { TranslateFile(file.get(), translator); },
+      [&] { WriteRows(file.get(), rows.get()); },
+  });
+  const auto count = static_cast<double>(lines.size());
+  PrintRow("file read, split, widened, translated", spent[1] / count, "ns a line");
+  PrintRow("file to rows of CSV by the command", spent[2] / count, "ns a line");
+  PrintRow("the same to translating alone", spent[2] / spent[0], "times", kMostTimesTranslating);
 }
 
 }  // namespace conmuta::bench

@@ -1,6 +1,7 @@
 // What a host does with the bytes of a switch before the component sees them.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -46,9 +47,9 @@ class HostLines {
   // Of most lines nothing is to be dropped, and no copy is needed. Without a way out in the middle
   // the processor looks at many bytes at once.
   static bool IsPrinted(std::string_view bytes) {
-    bool has_control = false;
-    for (const char c : bytes) has_control |= !layouts::IsPrinted(c);
-    return !has_control;
+    unsigned char lowest = ' ';
+    for (const char c : bytes) lowest = std::min(lowest, static_cast<unsigned char>(c));
+    return lowest == ' ';
   }
 
   void Keep(std::string_view bytes) {

@@ -43,9 +43,11 @@ class Csv final : public RowFormat {
     char* at = Put(out.Room(most_), file_);
     at = PutNumber(at, line);
     at = Put(at, layout.name);
-    at = outcome.verdict.IsCall() ? PutCall(at, *outcome.call, layout.time_of)
-                                  : Put(at, ",,,,,,,,,,,");
-    at = Put(at, ReasonWord(outcome.verdict));
+    if (outcome.verdict.IsCall()) {
+      at = PutCall(at, *outcome.call, layout.time_of);
+    } else {
+      at = Put(Put(at, ",,,,,,,,,,,"), ReasonWord(outcome.verdict));
+    }
     out.WroteTo(Put(at, "\r\n"));
   }
 
@@ -88,9 +90,10 @@ class Csv final : public RowFormat {
     return at;
   }
   char* PutText(char* at, TextView text) const {
-    at = IsPlain(text, u'"', u',') ? PutPlain(at, text) : Put(at, Quoted(text, to_terminal_));
-    *at++ = ',';
-    return at;
+    char* end = PutPlain(at, text, u'"', u',');
+    if (end == nullptr) end = Put(at, Quoted(text, to_terminal_));
+    *end++ = ',';
+    return end;
   }
 
   bool to_terminal_;

@@ -102,11 +102,11 @@ class JsonLines final : public RowFormat {
   }
   static char* PutText(char* at, std::string_view member, TextView text) {
     at = Put(at, member);
-    if (!IsPlain(text, u'"', u'\\')) return Put(at, Quoted(text));
-    *at++ = '"';
-    at = PutPlain(at, text);
-    *at++ = '"';
-    return at;
+    *at = '"';
+    char* end = PutPlain(at + 1, text, u'"', u'\\');
+    if (end == nullptr) return Put(at, Quoted(text));
+    *end++ = '"';
+    return end;
   }
 
   std::string begin_;

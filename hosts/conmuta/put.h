@@ -52,16 +52,15 @@ inline char* PutTime(char* at, const Moment& moment) {
   return PutPair(at, moment.seconds);
 }
 
-// Whether all characters are ASCII and seen, and none of them the two.
-inline bool IsPlain(TextView text, char16_t one, char16_t other) {
+// A text of characters that are ASCII and seen, and none of them the two; null, and any bytes
+// written, for every other.
+inline char* PutPlain(char* at, TextView text, char16_t one, char16_t other) {
   bool plain = true;
-  for (const char16_t c : text) plain &= (c >= u' ') & (c < 0x7F) & (c != one) & (c != other);
-  return plain;
-}
-
-inline char* PutPlain(char* at, TextView text) {
-  for (const char16_t c : text) *at++ = static_cast<char>(c);
-  return at;
+  for (const char16_t c : text) {
+    plain &= (c >= u' ') & (c < 0x7F) & (c != one) & (c != other);
+    *at++ = static_cast<char>(c);
+  }
+  return plain ? at : nullptr;
 }
 
 }  // namespace conmuta::host

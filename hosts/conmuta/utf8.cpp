@@ -18,12 +18,6 @@ bool IsAscii(TextView text) {
   return all < 0x80;
 }
 
-bool IsAscii(std::string_view bytes) {
-  unsigned all = 0;
-  for (const char c : bytes) all |= static_cast<unsigned char>(c);
-  return all < 0x80;
-}
-
 void AppendAscii(std::string& out, TextView text) {
   const std::size_t begin = out.size();
   out.resize(begin + text.size());
@@ -103,12 +97,14 @@ std::size_t Columns(std::string_view utf8) {
 }
 
 void Widen(std::string_view bytes, Text& text) {
-  if (IsAscii(bytes)) {
-    text.resize(bytes.size());
-    std::transform(bytes.begin(), bytes.end(), text.begin(),
-                   [](char c) { return static_cast<char16_t>(c); });
-    return;
+  text.resize(bytes.size());
+  unsigned char all = 0;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(bytes[i]);
+    text[i] = byte;
+    all |= byte;
   }
+  if (all < 0x80) return;
   text = FromUtf8(bytes);
   if (text.find(kReplacement) == Text::npos) return;
   text.resize(bytes.size());
