@@ -15,7 +15,7 @@ extern const Command kCompleta;
 namespace {
 
 constexpr const Command* kCommands[] = {
-    &kTraduce,
+    &kTraduce, &kExplica, &kAdivina,
 };
 
 }  // namespace
