@@ -19,12 +19,12 @@ function(conmuta_program_suite label target)
     FAIL_REGULAR_EXPRESSION "Running 0 tests")
 endfunction()
 
-# Any program that takes the size of the DLL (win64 or win32) and ends its output with the line
+# Any program that takes where it runs (native, win64 or win32) and ends its output with the line
 # "N passed, N failed".
 function(conmuta_script_suite label script)
   string(REPLACE wine win size ${conmuta_where})
   get_filename_component(name ${script} NAME)
-  string(REPLACE run- ${label}_ name ${name})
+  string(REGEX REPLACE "^(run|check)-" "${label}_" name ${name})
   add_test(NAME ${name}
     COMMAND ${CMAKE_SOURCE_DIR}/scripts/lib/script-suite reports/${name}.txt ${script} ${size}
     WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
