@@ -1,7 +1,6 @@
 // conmuta adivina
 #include <cmath>
 #include <fstream>
-
 #include <nlohmann/json.hpp>
 
 #include "conmuta/command.h"
@@ -47,8 +46,9 @@ void WriteTable(const std::vector<Fit>& fits, std::size_t count, Console& consol
     const auto percent = static_cast<int>(std::lround(fit.Score() * 100));
     std::string bar;
     for (int step = 0; step < 10; ++step) bar += step * 10 + 5 <= percent ? "█" : "·";
-    console.out << Aligned(fit.layout().name, 24) << bar << ' ' << Aligned(std::to_string(percent) + " %", 6)
-                << ' ' << fit.calls() << " llamadas de " << fit.lines() << " líneas";
+    console.out << Aligned(fit.layout().name, 24) << bar << ' '
+                << Aligned(std::to_string(percent) + " %", 6) << ' ' << fit.calls()
+                << " llamadas de " << fit.lines() << " líneas";
     if (fit.implausible() != 0) console.out << ", " << fit.implausible() << " dudosas";
     console.out << "  " << NameOfSwitch(fit.layout()) << '\n';
   }

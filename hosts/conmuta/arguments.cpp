@@ -21,8 +21,7 @@ std::vector<std::string_view> Words(std::string_view text) {
 }
 
 [[noreturn]] void Fail(const Command& command, std::string what) {
-  throw UserError(what + "\nconmuta " + std::string(command.name) +
-                  " --help dice cómo se usa.");
+  throw UserError(what + "\nconmuta " + std::string(command.name) + " --help dice cómo se usa.");
 }
 
 void CheckChoice(const Command& command, std::string_view name, const std::string& value,
@@ -30,7 +29,8 @@ void CheckChoice(const Command& command, std::string_view name, const std::strin
   const auto words = Words(choices);
   if (choices.empty() || std::find(words.begin(), words.end(), value) != words.end()) return;
   std::string allowed;
-  for (const std::string_view word : words) allowed += (allowed.empty() ? "" : ", ") + std::string(word);
+  for (const std::string_view word : words)
+    allowed += (allowed.empty() ? "" : ", ") + std::string(word);
   Fail(command, std::string(name) + ": «" + value + "» no es uno de estos valores: " + allowed);
 }
 
@@ -63,9 +63,8 @@ Arguments::Arguments(const Command& command, const std::vector<std::string>& wor
   std::map<std::string_view, CLI::Option*> made;
   std::map<std::string_view, std::string> values;
   for (const Option& option : command.options) {
-    made[option.name] = option.value.empty()
-                            ? app.add_flag(NamesOf(option))
-                            : app.add_option(NamesOf(option), values[option.name]);
+    made[option.name] = option.value.empty() ? app.add_flag(NamesOf(option))
+                                             : app.add_option(NamesOf(option), values[option.name]);
   }
   // What follows "--" is no option, whatever it looks like.
   const auto mark = std::find(words.begin(), words.end(), "--");
@@ -85,7 +84,8 @@ Arguments::Arguments(const Command& command, const std::vector<std::string>& wor
   if (mark != words.end()) operands_.insert(operands_.end(), mark + 1, words.end());
   for (const Option& option : command.options) {
     if (made[option.name]->count() == 0) continue;
-    CheckChoice(command, option.name, values[option.name], option.value.empty() ? "" : option.choices);
+    CheckChoice(command, option.name, values[option.name],
+                option.value.empty() ? "" : option.choices);
     options_.emplace(option.name, values[option.name]);
   }
   CheckOperands(command, operands_);

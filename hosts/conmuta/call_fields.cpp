@@ -55,9 +55,8 @@ std::optional<Moment> BeginningOf(const clsLlamadaTRD& call, layouts::Sheet::Tim
   if (!duration) return std::nullopt;
   std::int64_t before = *duration;
   if (call.TipoLlamada() == emLlamadaEntrante) before += call.Ring();
-  const std::int64_t end =
-      DayNumber(printed.year, printed.month, printed.day) * kSecondsPerDay +
-      SecondsOfDay(printed.hours, printed.minutes, printed.seconds);
+  const std::int64_t end = DayNumber(printed.year, printed.month, printed.day) * kSecondsPerDay +
+                           SecondsOfDay(printed.hours, printed.minutes, printed.seconds);
   const std::int64_t begin = end - before;
   const std::int64_t day = begin / kSecondsPerDay - (begin % kSecondsPerDay < 0 ? 1 : 0);
   const auto rest = static_cast<int>(begin - day * kSecondsPerDay);

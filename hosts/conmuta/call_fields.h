@@ -11,7 +11,8 @@
 
 namespace conmuta::host {
 
-// The words of expected.txt in UTF-8; none ("") for a call without transfer and for a call's reason.
+// The words of expected.txt in UTF-8; none ("") for a call without transfer and for a call's
+// reason.
 std::string_view TypeWord(emTiposLlamadas type);
 std::string_view TransferWord(emAtributosLlamadas attribute);
 std::string_view ReasonWord(const Verdict& verdict);

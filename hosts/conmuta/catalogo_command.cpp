@@ -2,11 +2,11 @@
 #include <nlohmann/json.hpp>
 
 #include "catalogue/switch_folder.h"
-#include "conmuta/command.h"
 #include "conmuta/config_files.h"
 #include "conmuta/exit_codes.h"
 #include "conmuta/json_text.h"
 #include "conmuta/layout_choice.h"
+#include "conmuta/output_option.h"
 #include "conmuta/user_error.h"
 #include "conmuta/utf8.h"
 #include "platform/unicode.h"
@@ -68,7 +68,7 @@ void Install(const Arguments& arguments, Console& console) {
     files.push_back({folder / PathOf(Utf8(naming.FileOf(number))), named.layout});
   }
   MakeFolder(folder);
-  WriteConfigs(files, arguments.Has("--reemplaza") ? Existing::kIsReplaced : Existing::kStays);
+  WriteConfigs(files, ExistingOf(arguments));
   console.err << files.size() << " configuraciones en " << ShownPath(folder) << '\n';
 }
 
@@ -93,7 +93,7 @@ constexpr Option kOptions[] = {
     {"--prefijo", "", "TEXTO", "Con qué empiezan los archivos, como en Prefijo. Si no se da, CNM.",
      ""},
     {"--extension", "", "TEXTO", "Su extensión, como en Extension. Si no se da, cfg.", ""},
-    {"--reemplaza", "", "", "Escribe también sobre lo que ya existe.", ""},
+    kReplaceOption,
 };
 
 constexpr Example kExamples[] = {
@@ -109,7 +109,8 @@ const Command kCatalogo = {
     "catalogo",
     "Nombra los conmutadores que el programa conoce, o los instala.",
     "Sin argumentos, una lista de los layouts que el programa lleva dentro. Con «instala DIR», los "
-    "escribe como archivos numerados: la carpeta que abre el administrador del componente. Nada de lo "
+    "escribe como archivos numerados: la carpeta que abre el administrador del componente. Nada de "
+    "lo "
     "que ya existe se reemplaza si no se pide.",
     kOperands,
     kOptions,

@@ -16,11 +16,11 @@ namespace conmuta::host {
 enum class Offers { kNothing, kFiles, kFolders, kLayouts, kChoices };
 
 struct Option {
-  std::string_view name;       // "--formato"
-  std::string_view letter;     // "-f", or empty
-  std::string_view value;      // what the help calls it; empty for one that takes none
-  std::string_view help;       // a sentence
-  std::string_view choices;    // apart by blanks; empty where anything goes
+  std::string_view name;     // "--formato"
+  std::string_view letter;   // "-f", or empty
+  std::string_view value;    // what the help calls it; empty for one that takes none
+  std::string_view help;     // a sentence
+  std::string_view choices;  // apart by blanks; empty where anything goes
   Offers offers = Offers::kNothing;
 };
 

@@ -15,7 +15,8 @@ extern const Command kCompleta;
 namespace {
 
 constexpr const Command* kCommands[] = {
-    &kTraduce, &kExplica, &kAdivina,
+    &kTraduce, &kExplica, &kAdivina,  &kCompila,  &kDescompila,
+    &kInforme, &kCable,   &kCatalogo, &kCompleta,
 };
 
 }  // namespace

@@ -3,14 +3,13 @@
 #include <filesystem>
 #include <set>
 
-#include "conmuta/command.h"
+#include "config/report.h"
 #include "conmuta/config_files.h"
 #include "conmuta/exit_codes.h"
-#include "conmuta/files.h"
 #include "conmuta/layout_choice.h"
+#include "conmuta/output_option.h"
 #include "conmuta/user_error.h"
 #include "conmuta/utf8.h"
-#include "config/report.h"
 #include "layouts/layout_config.h"
 #include "layouts/write_layout.h"
 
@@ -19,33 +18,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr Option kReplaceOption = {"--reemplaza", "", "", "Escribe también sobre lo que ya existe.",
-                                   ""};
-constexpr Option kOutputOption = {"--salida", "-o", "ARCHIVO",
-                                  "Dónde se escribe. Si no se da, en la salida.", "",
-                                  Offers::kFiles};
-
-Existing ExistingOf(const Arguments& arguments) {
-  return arguments.Has(kReplaceOption.name) ? Existing::kIsReplaced : Existing::kStays;
-}
-
-// To the file that was asked for, or the standard output.
-void WriteOut(const Arguments& arguments, Console& console, const std::string& text) {
-  if (!arguments.Has(kOutputOption.name)) {
-    console.out << text;
-    return;
-  }
-  WriteWhole(PathOf(arguments.Value(kOutputOption.name, "")), text, ExistingOf(arguments));
-}
-
 int RunCompila(const Arguments& arguments, Console&) {
   const std::string target = arguments.Value("--salida", "");
-  if (target.empty()) throw UserError("Falta --salida: el archivo .cfg, o una carpeta para varios.");
+  if (target.empty())
+    throw UserError("Falta --salida: el archivo .cfg, o una carpeta para varios.");
   std::error_code ignored;
   const fs::path path = PathOf(target);
   std::vector<ConfigFile> files;
-  if (arguments.operands().size() == 1 && !fs::is_directory(path, ignored) &&
-      path.has_filename()) {
+  if (arguments.operands().size() == 1 && !fs::is_directory(path, ignored) && path.has_filename()) {
     files.push_back({path, FindLayout(arguments.At(0)).layout});
   } else {
     std::set<std::string> names;
@@ -82,12 +62,11 @@ int RunInforme(const Arguments& arguments, Console& console) {
   return kDone;
 }
 
-constexpr Operand kLayouts[] = {
-    {"LAYOUT", "Un layout.toml o su carpeta, o un nombre del catálogo.", 1, kAnyNumber,
-     Offers::kLayouts}};
-constexpr Operand kConfig[] = {
-    {"CONFIGURACION", "Un archivo .cfg o de intercambio, o cualquier LAYOUT de traduce.", 1, 1,
-     Offers::kLayouts}};
+constexpr Operand kLayouts[] = {{"LAYOUT", "Un layout.toml o su carpeta, o un nombre del catálogo.",
+                                 1, kAnyNumber, Offers::kLayouts}};
+constexpr Operand kConfig[] = {{"CONFIGURACION",
+                                "Un archivo .cfg o de intercambio, o cualquier LAYOUT de traduce.",
+                                1, 1, Offers::kLayouts}};
 
 constexpr Option kCompilaOptions[] = {
     {"--salida", "-o", "DESTINO",

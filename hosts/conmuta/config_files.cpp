@@ -13,8 +13,8 @@ void WriteConfigs(const std::vector<ConfigFile>& files, Existing existing) {
     try {
       MakeConfig(file.layout)->GuardarComo(file.path.u16string());
     } catch (const ConfigError& error) {
-      throw UserError(ShownPath(file.path) + ": no se puede escribir: " +
-                      Utf8(error.description()));
+      throw UserError(ShownPath(file.path) +
+                      ": no se puede escribir: " + Utf8(error.description()));
     }
   }
 }

@@ -30,8 +30,8 @@ class Csv final : public RowFormat {
         file_(Quoted(FromUtf8(source.file), to_terminal_) + ','),
         most_(kMostOfFields + file_.size()) {
     for (const NamedLayout& named : source.layouts) {
-      layouts_.push_back({',' + Quoted(FromUtf8(named.name), to_terminal_) + ',',
-                          named.layout.sheet.time_of});
+      layouts_.push_back(
+          {',' + Quoted(FromUtf8(named.name), to_terminal_) + ',', named.layout.sheet.time_of});
       most_ = std::max(most_, kMostOfFields + file_.size() + layouts_.back().name.size());
     }
   }

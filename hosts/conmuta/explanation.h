@@ -47,7 +47,8 @@ class Explanation final : public LineObserver {
 TextView ShortName(emParamDato kind);
 
 // For people; with colours where they are wanted.
-std::string ExplanationText(const Explanation& explanation, const clsLlamadaTRD& call, bool colours);
+std::string ExplanationText(const Explanation& explanation, const clsLlamadaTRD& call,
+                            bool colours);
 
 // One line of JSON.
 std::string ExplanationJson(const Explanation& explanation, const clsLlamadaTRD& call);

@@ -50,14 +50,13 @@ std::string ExplanationJson(const Explanation& explanation, const clsLlamadaTRD&
   json["llamada"] = verdict.IsCall() ? CallJson(call) : Json();
   json["datos"] = Json::array();
   for (const auto& item : explanation.items) {
-    json["datos"].push_back({{"nombre", Utf8(layouts::NameOf(item.kind))},
-                             {"posicion", item.pos},
-                             {"tamano", item.size},
-                             {"texto", Utf8(item.found)},
-                             {"valor", Utf8(item.value)},
-                             {"error", item.error != LineError::kNone
-                                           ? Json(Utf8(Sentence(item.error)))
-                                           : Json()}});
+    json["datos"].push_back(
+        {{"nombre", Utf8(layouts::NameOf(item.kind))},
+         {"posicion", item.pos},
+         {"tamano", item.size},
+         {"texto", Utf8(item.found)},
+         {"valor", Utf8(item.value)},
+         {"error", item.error != LineError::kNone ? Json(Utf8(Sentence(item.error))) : Json()}});
   }
   json["constantes"] = Json::array();
   for (const auto& constant : explanation.constants) {

@@ -124,7 +124,8 @@ std::string Aligned(std::string text, std::size_t width) {
 }
 
 std::string Places(int pos, int size) {
-  return size < 2 ? std::to_string(pos) : std::to_string(pos) + "-" + std::to_string(pos + size - 1);
+  return size < 2 ? std::to_string(pos)
+                  : std::to_string(pos) + "-" + std::to_string(pos + size - 1);
 }
 
 void WriteRow(Page& page, std::string_view name, std::string_view value) {
@@ -182,9 +183,10 @@ std::string ExplanationText(const Explanation& explanation, const clsLlamadaTRD&
   if (!explanation.items.empty()) page.Line("   datos");
   for (const auto& item : explanation.items) {
     std::string row = "     " + Aligned(Utf8(layouts::NameOf(item.kind)), 46);
-    row += Aligned(Places(item.pos, item.size), 9) + Aligned("\"" + InColumns(item.found) + "\"", 8);
-    row += " → " + (item.error != LineError::kNone ? Utf8(Sentence(item.error))
-                                                   : Shown(item.value));
+    row +=
+        Aligned(Places(item.pos, item.size), 9) + Aligned("\"" + InColumns(item.found) + "\"", 8);
+    row +=
+        " → " + (item.error != LineError::kNone ? Utf8(Sentence(item.error)) : Shown(item.value));
     page.Line(row);
   }
   if (!explanation.constants.empty()) page.Line("   constantes");

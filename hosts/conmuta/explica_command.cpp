@@ -98,7 +98,8 @@ int RunExplica(const Arguments& arguments, Console& console) {
 
 constexpr Operand kOperands[] = {
     {"LAYOUT", "Como en traduce, pero uno solo.", 1, 1, Offers::kLayouts},
-    {"LINEA", "Una línea, entre comillas; o una captura; o CAPTURA:N, su línea N. Si no se da, o es "
+    {"LINEA",
+     "Una línea, entre comillas; o una captura; o CAPTURA:N, su línea N. Si no se da, o es "
      "-, la entrada estándar.",
      0, 1, Offers::kFiles},
 };

@@ -35,7 +35,8 @@ std::string Wrapped(std::string_view text, std::size_t indent) {
     }
     lines += word;
     column += Columns(word);
-    text.remove_prefix(std::min(end + (end < text.size() && text[end] == ' ' ? 1 : 0), text.size()));
+    text.remove_prefix(
+        std::min(end + (end < text.size() && text[end] == ' ' ? 1 : 0), text.size()));
   }
   return lines + '\n';
 }

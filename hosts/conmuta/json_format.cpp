@@ -37,8 +37,8 @@ class JsonLines final : public RowFormat {
   explicit JsonLines(const RowSource& source)
       : begin_("{\"formato\":1,\"archivo\":" + Quoted(FromUtf8(source.file)) + ",\"linea\":") {
     for (const NamedLayout& named : source.layouts) {
-      layouts_.push_back({",\"conmutador\":" + Quoted(FromUtf8(named.name)),
-                          named.layout.sheet.time_of});
+      layouts_.push_back(
+          {",\"conmutador\":" + Quoted(FromUtf8(named.name)), named.layout.sheet.time_of});
       most_ = std::max(most_, kMostOfFields + begin_.size() + layouts_.back().name.size());
     }
   }

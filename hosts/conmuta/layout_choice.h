@@ -23,8 +23,8 @@ NamedLayout FindLayout(std::string_view argument);
 
 enum class Companions { kCome, kStayAway };
 
-// Several joined by "+"; a line is the first one's that makes a call of it. Behind them, unless they
-// stay away, the alternatives that they name themselves. None twice.
+// Several joined by "+"; a line is the first one's that makes a call of it. Behind them, unless
+// they stay away, the alternatives that they name themselves. None twice.
 std::vector<NamedLayout> FindLayouts(std::string_view argument, Companions companions);
 
 // A configuration as it is in its file.

@@ -13,8 +13,8 @@
 
 namespace conmuta::host {
 
-// Lines as HostLines cuts them, counted from 1. Those of the head ("# clave: valor", only where they
-// begin the capture) are counted, looked at and not handed out.
+// Lines as HostLines cuts them, counted from 1. Those of the head ("# clave: valor", only where
+// they begin the capture) are counted, looked at and not handed out.
 class LineSource {
  public:
   explicit LineSource(std::istream& bytes) : bytes_(bytes), chunk_(std::size_t{1} << 16) {}

@@ -100,9 +100,9 @@ std::string Tally::Summary(std::span<const NamedLayout> layouts) const {
   text += Lines(by_error_, [](std::size_t i) { return Sentence(static_cast<LineError>(i)); });
   text += Lines(by_reason_, [](std::size_t i) { return Sentence(static_cast<NoCall>(i)); });
   if (waiting_ != 0) {
-    text += "\n  al terminar, " +
-            Counted(waiting_, {"llamada esperaba el fin de su transferencia",
-                               "llamadas esperaban el fin de su transferencia"});
+    text +=
+        "\n  al terminar, " + Counted(waiting_, {"llamada esperaba el fin de su transferencia",
+                                                 "llamadas esperaban el fin de su transferencia"});
   }
   return text;
 }

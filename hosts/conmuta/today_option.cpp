@@ -18,7 +18,8 @@ void TodayOption::Set(DayClock& clock, const LineSource& lines, const std::strin
   if (!is_of_file_) return clock.Set(day_);
   if (lines.date()) return clock.Set(lines.date());
   if (file == "-") {
-    throw UserError("--hoy archivo: la entrada estándar no tiene fecha; dé el día, como 2019-01-16");
+    throw UserError(
+        "--hoy archivo: la entrada estándar no tiene fecha; dé el día, como 2019-01-16");
   }
   clock.Set(DateOfFile(PathOf(file)));
 }

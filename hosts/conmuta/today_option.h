@@ -14,7 +14,8 @@ inline constexpr Option kTodayOption = {
     "--hoy",
     "",
     "FECHA|archivo",
-    "El día en que se leen las líneas, como 2019-01-16: un año impreso nunca es anterior. «archivo»: "
+    "El día en que se leen las líneas, como 2019-01-16: un año impreso nunca es anterior. "
+    "«archivo»: "
     "el día de la captura, el de su encabezado o el del archivo. Si no se da, hoy.",
     "",
     Offers::kNothing};

@@ -4,10 +4,9 @@
 #include <fstream>
 #include <optional>
 
-#include "conmuta/command.h"
 #include "conmuta/exit_codes.h"
-#include "conmuta/files.h"
 #include "conmuta/ordered_output.h"
+#include "conmuta/output_option.h"
 #include "conmuta/progress.h"
 #include "conmuta/translate_capture.h"
 #include "conmuta/user_error.h"
@@ -22,8 +21,7 @@ struct Format {
   MakeRowFormat make;
 };
 
-constexpr Format kFormats[] = {
-    {"tabla", MakeTable}, {"csv", MakeCsv}, {"json", MakeJsonLines}};
+constexpr Format kFormats[] = {{"tabla", MakeTable}, {"csv", MakeCsv}, {"json", MakeJsonLines}};
 
 MakeRowFormat FindFormat(const std::string& name) {
   for (const Format& format : kFormats) {
@@ -58,17 +56,16 @@ void CheckFiles(const std::vector<std::string>& files) {
 int RunTraduce(const Arguments& arguments, Console& console) {
   const std::vector<std::string> files(arguments.operands().begin() + 1,
                                        arguments.operands().end());
-  const auto layouts = FindLayouts(arguments.At(0), arguments.Has("--sin-alternativas")
-                                                        ? Companions::kStayAway
-                                                        : Companions::kCome);
+  const auto layouts =
+      FindLayouts(arguments.At(0),
+                  arguments.Has("--sin-alternativas") ? Companions::kStayAway : Companions::kCome);
   const TodayOption today(arguments);
   const MakeRowFormat make = FindFormat(arguments.Value("--formato", "tabla"));
   const std::size_t jobs = arguments.Number("--trabajos", 1, 64, 1);
   CheckFiles(files);
   std::optional<std::ofstream> written;
   if (arguments.Has("--salida")) {
-    written = OpenToWrite(PathOf(arguments.Value("--salida", "")),
-                          arguments.Has("--reemplaza") ? Existing::kIsReplaced : Existing::kStays);
+    written = OpenToWrite(PathOf(arguments.Value("--salida", "")), ExistingOf(arguments));
   }
   std::ostream& out = written ? *written : console.out;
   const bool is_quiet = arguments.Has("--callado");
@@ -80,10 +77,13 @@ int RunTraduce(const Arguments& arguments, Console& console) {
     const RowSource source{file, layouts, files.size() > 1, console.out_is_terminal && !written};
     const auto format = make(source);
     if (i == 0) format->Begin(rows);
-    const CaptureJob job{file, layouts, today, arguments.Has("--todo"), file == "-",
+    const CaptureJob job{file,
+                         layouts,
+                         today,
+                         arguments.Has("--todo"),
+                         file == "-",
                          [&](std::uint64_t bytes, std::uint64_t lines) {
-                           progress.Advance(bytes, lines);
-                         }};
+                           progress.Advance(bytes, lines); }};
     if (file == "-") {
       tallies[i] = TranslateCapture(job, console.in, *format, rows);
     } else {
@@ -120,7 +120,8 @@ constexpr Operand kOperands[] = {
 };
 
 constexpr Option kOptions[] = {
-    {"--formato", "-f", "tabla|csv|json", "tabla, para personas; csv (RFC 4180) o json (un objeto "
+    {"--formato", "-f", "tabla|csv|json",
+     "tabla, para personas; csv (RFC 4180) o json (un objeto "
      "por línea), para programas. Si no se da, tabla.",
      "tabla csv json", Offers::kChoices},
     kTodayOption,
@@ -128,8 +129,8 @@ constexpr Option kOptions[] = {
     {"--sin-alternativas", "", "", "Sin los layouts que el LAYOUT mismo nombra como alternativas.",
      ""},
     {"--trabajos", "-j", "N", "Cuántas capturas se traducen a la vez; salen en su orden.", ""},
-    {"--salida", "-o", "ARCHIVO", "Escribe los renglones en un archivo.", "", Offers::kFiles},
-    {"--reemplaza", "", "", "El archivo de --salida se escribe aunque ya exista.", ""},
+    kOutputOption,
+    kReplaceOption,
     {"--callado", "-q", "", "Sin resumen ni avance.", ""},
 };
 
@@ -149,7 +150,8 @@ const Command kTraduce = {
     "Traduce capturas en llamadas.",
     "Traduce lo que imprimió un conmutador en llamadas: un renglón por llamada en la salida, y un "
     "resumen en la salida de errores.\n\n"
-    "Una captura puede empezar con un encabezado de líneas «# clave: valor», que no se traduce. Los "
+    "Una captura puede empezar con un encabezado de líneas «# clave: valor», que no se traduce. "
+    "Los "
     "bytes de control se descartan. Una línea que no es UTF-8 se lee como Windows-1252.",
     kOperands,
     kOptions,

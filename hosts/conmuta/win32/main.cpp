@@ -50,7 +50,8 @@ int wmain(int argc, wchar_t** argv) {
   }
   std::ios::sync_with_stdio(false);
   std::cin.tie(nullptr);
-  Console console{std::cin, std::cout, std::cerr, IsConsole(STD_OUTPUT_HANDLE) && UnderstandsEscapes(STD_OUTPUT_HANDLE),
+  Console console{std::cin, std::cout, std::cerr,
+                  IsConsole(STD_OUTPUT_HANDLE) && UnderstandsEscapes(STD_OUTPUT_HANDLE),
                   IsConsole(STD_ERROR_HANDLE) && UnderstandsEscapes(STD_ERROR_HANDLE)};
   return conmuta::host::RunProgram(arguments, console);
 }
