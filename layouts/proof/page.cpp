@@ -21,6 +21,11 @@ imprime y lo que debe salir de cada línea. Se busca por la marca y por la forma
 elige se compara con unas líneas del sitio, columna por columna, antes de usarla: la última columna de la
 tabla dice cuánto se sabe de cada una.
 
+El que no esté se describe [en diez pasos](diez-pasos.md), y `conmuta adivina` dice a cuál se parece.
+`scripts/build catalogue` hace de cada carpeta el archivo que abre el administrador de conmutadores:
+
+![El administrador con el catálogo](catalogo.png)
+
 - **Año.** Un año de dos cifras es del siglo presente (de 80 a 99, del pasado), uno de 00 a 09 es de la
   década presente (07 leído en 2026 es 2027), y ninguno queda antes del presente: lo que salga menor, o no
   se imprima, se vuelve el año en curso, también en las llamadas de diciembre que se leen en enero.
