@@ -46,21 +46,21 @@ clsLlamadaTRD CallBetween(const Clock& clock, const Moment& start, const Moment&
   return call;
 }
 
-struct Difference {
+struct DifferenceRow {
   const char* name;
   Moment start;
   Moment second;
   int hours, minutes, seconds;
 };
 
-void PrintTo(const Difference& row, std::ostream* out) {
+void PrintTo(const DifferenceRow& row, std::ostream* out) {
   *out << row.name;
 }
 
-class AjustaDuracion : public testing::TestWithParam<Difference> {};
+class AjustaDuracion : public testing::TestWithParam<DifferenceRow> {};
 
 TEST_P(AjustaDuracion, IsTheTimeFromTheSecondMomentToTheStart) {
-  const Difference& row = GetParam();
+  const DifferenceRow& row = GetParam();
   const FakeClock clock;
   clsLlamadaTRD call = CallBetween(clock, row.start, row.second);
   CallValues expected = ValuesOf(call);
@@ -73,39 +73,41 @@ TEST_P(AjustaDuracion, IsTheTimeFromTheSecondMomentToTheStart) {
 INSTANTIATE_TEST_SUITE_P(
     Moments, AjustaDuracion,
     testing::Values(
-        Difference{"same day", {2026, 11, 21, 10, 5, 30}, {2026, 11, 21, 9, 58, 10}, 0, 7, 20},
-        Difference{
+        DifferenceRow{"same day", {2026, 11, 21, 10, 5, 30}, {2026, 11, 21, 9, 58, 10}, 0, 7, 20},
+        DifferenceRow{
             "second is later", {2026, 11, 21, 9, 58, 10}, {2026, 11, 21, 10, 5, 30}, 0, -7, -20},
-        Difference{
+        DifferenceRow{
             "all parts negative", {2026, 11, 21, 8, 1, 1}, {2026, 11, 21, 10, 5, 30}, -2, -4, -29},
-        Difference{"same moment", {2026, 11, 21, 9, 9, 9}, {2026, 11, 21, 9, 9, 9}, 0, 0, 0},
-        Difference{"over midnight", {2026, 11, 22, 1, 1, 1}, {2026, 11, 21, 23, 59, 59}, 1, 1, 2},
-        Difference{"over a leap day", {2028, 3, 1, 1, 1, 1}, {2028, 2, 28, 1, 1, 1}, 48, 0, 0},
-        Difference{"over new year", {2027, 1, 1, 1, 1, 1}, {2026, 12, 31, 1, 1, 1}, 24, 0, 0},
-        Difference{
+        DifferenceRow{"same moment", {2026, 11, 21, 9, 9, 9}, {2026, 11, 21, 9, 9, 9}, 0, 0, 0},
+        DifferenceRow{
+            "over midnight", {2026, 11, 22, 1, 1, 1}, {2026, 11, 21, 23, 59, 59}, 1, 1, 2},
+        DifferenceRow{"over a leap day", {2028, 3, 1, 1, 1, 1}, {2028, 2, 28, 1, 1, 1}, 48, 0, 0},
+        DifferenceRow{"over new year", {2027, 1, 1, 1, 1, 1}, {2026, 12, 31, 1, 1, 1}, 24, 0, 0},
+        DifferenceRow{
             "31 February is 3 March", {2026, 3, 3, 1, 1, 1}, {2026, 2, 31, 1, 1, 1}, 0, 0, 0},
-        Difference{
+        DifferenceRow{
             "hours beyond a day", {2026, 11, 21, 25, 1, 1}, {2026, 11, 22, 1, 1, 1}, 0, 0, 0},
-        Difference{"two-digit year", {26, 11, 21, 10, 5, 30}, {2026, 11, 21, 9, 5, 30}, 1, 0, 0},
-        Difference{"two-digit years of two centuries",
-                   {30, 1, 1, 1, 1, 1},
-                   {1930, 1, 1, 1, 1, 2},
-                   0,
-                   0,
-                   -1},
-        Difference{"before the day that is 0",
-                   {1899, 12, 29, 18, 1, 1},
-                   {1899, 12, 29, 6, 1, 1},
-                   12,
-                   0,
-                   0},
-        Difference{"longest", {2026, 11, 21, 10, 30, 30}, {2023, 2, 25, 2, 30, 31}, 32767, 59, 59},
-        Difference{"longest negative",
-                   {2026, 11, 21, 10, 30, 30},
-                   {2030, 8, 17, 19, 30, 29},
-                   -32768,
-                   -59,
-                   -59}));
+        DifferenceRow{"two-digit year", {26, 11, 21, 10, 5, 30}, {2026, 11, 21, 9, 5, 30}, 1, 0, 0},
+        DifferenceRow{"two-digit years of two centuries",
+                      {30, 1, 1, 1, 1, 1},
+                      {1930, 1, 1, 1, 1, 2},
+                      0,
+                      0,
+                      -1},
+        DifferenceRow{"before the day that is 0",
+                      {1899, 12, 29, 18, 1, 1},
+                      {1899, 12, 29, 6, 1, 1},
+                      12,
+                      0,
+                      0},
+        DifferenceRow{
+            "longest", {2026, 11, 21, 10, 30, 30}, {2023, 2, 25, 2, 30, 31}, 32767, 59, 59},
+        DifferenceRow{"longest negative",
+                      {2026, 11, 21, 10, 30, 30},
+                      {2030, 8, 17, 19, 30, 29},
+                      -32768,
+                      -59,
+                      -59}));
 
 constexpr Moment kStart = {2026, 11, 21, 10, 5, 30};
 constexpr Moment kSecond = {2026, 11, 21, 9, 58, 10};

@@ -44,7 +44,7 @@ const Message kNoAccess =
     Notice(u"No es posible acceder al archivo :  D:\\new.cfg\r\nAcceso denegado.", u"Error");
 const Message kNotFound =
     Notice(u"No es posible encontrar el archivo deseado.\r\n Archivo :C:\\cat\\cfg.tmp", u"Error");
-const Message kNotRecognised = Notice(
+const Message kNotRecognisedNotice = Notice(
     u"No es posible abrir al archivo de configuración, no se reconoce.\r\n"
     u" Archivo :C:\\cat\\cfg.tmp",
     u"Error");
@@ -68,7 +68,7 @@ const Command kCommands[] = {
      {},
      {{"copy to cfg.tmp", {kNoAccess}},
       {"attributes cfg.tmp", {kNotFound}},
-      {"read cfg.tmp", {kNotRecognised}}},
+      {"read cfg.tmp", {kNotRecognisedNotice}}},
      {}},
     {"update",
      [](ManagerBench& bench) { PrepareFile(bench, "X1"); },
@@ -76,7 +76,7 @@ const Command kCommands[] = {
      {kUpdate},
      {{"copy to cfg.tmp", {kNoAccess}},
       {"attributes cfg.tmp", {kNotFound}},
-      {"read cfg.tmp", {kNotRecognised}}},
+      {"read cfg.tmp", {kNotRecognisedNotice}}},
      // Saving deletes the old file first.
      {"write cnm1.cfg"}},
     {"delete",

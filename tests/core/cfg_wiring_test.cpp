@@ -9,21 +9,19 @@
 #include "cable/wiring.h"
 #include "support/config_bench.h"
 #include "support/config_snapshot.h"
+#include "support/connector_pair.h"
 
 namespace conmuta {
 namespace {
 
 using test::ConfigBench;
+using test::Pair;
 using test::Snapshot;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr std::int16_t kLowestPin = std::numeric_limits<std::int16_t>::min();
 constexpr std::int16_t kHighestPin = std::numeric_limits<std::int16_t>::max();
-
-emPuertoSerial Pair(int code) {
-  return static_cast<emPuertoSerial>(code);
-}
 
 class ConfigWiring : public testing::Test, protected ConfigBench {
  protected:

@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::string_literals;
 
-const test::Latin1 kLatin1;
+using test::kLatin1;
 
 TEST(CadenaACodigos, WritesAsManyCodesAsAskedFor) {
   EXPECT_EQ(CadenaACodigos(kLatin1, u"\r\n", 10), u"13,10,0,0,0,0,0,0,0,0,");

@@ -28,11 +28,11 @@ ConfigBuilder TwoMoments() {
   return layout;
 }
 
-constexpr TextView kLine = u" 2026/11/21 10:05:30AM  2026/11/21 09:58:10AM 7 205 T1";
+constexpr TextView kTwoDates = u" 2026/11/21 10:05:30AM  2026/11/21 09:58:10AM 7 205 T1";
 
 TEST(DateDifference, IsTheDurationOfTheCall) {
   Translation desk(TwoMoments().Build());
-  const clsLlamadaTRD& call = desk.Translate(kLine);
+  const clsLlamadaTRD& call = desk.Translate(kTwoDates);
   CallValues expected;
   expected.start = {2026, 11, 21, 10, 5, 30};
   expected.duration = {0, 0, 0, 0, 7, 20};
@@ -48,7 +48,7 @@ TEST(DateDifference, IsTheDurationOfTheCall) {
 TEST(DateDifference, BelongsToItsCaseOnly) {
   for (const emCasos code : {emCasoEstandar, emCasoSamsungNX_820}) {
     Translation desk(TwoMoments().Case(code).Item(emParamTelefonoSaliente, 1, 5).Build());
-    EXPECT_EQ(ValuesOf(desk.Translate(kLine)).duration,
+    EXPECT_EQ(ValuesOf(desk.Translate(kTwoDates)).duration,
               (std::array<int, 6>{2026, 11, 21, 9, 58, 10}))
         << code;
   }
@@ -114,7 +114,7 @@ TEST(DateDifference, YearBeyondTheCalendarIsAnInvalidArgument) {
                InvalidArgumentError);
   EXPECT_EQ(ValuesOf(desk.call()).duration, (std::array<int, 6>{2026, 11, 21, 9, 58, 10}));
   EXPECT_EQ(desk.call().Ring(), 0);
-  EXPECT_EQ(desk.Translate(kLine).Duracion(), 440);
+  EXPECT_EQ(desk.Translate(kTwoDates).Duracion(), 440);
 }
 
 TEST(DateDifference, OfADayThatTheMonthLacksRollsOver) {

@@ -16,7 +16,7 @@ namespace {
 using namespace std::string_literals;
 using testing::ElementsAre;
 
-const test::Latin1 kLatin1;
+using test::kLatin1;
 constexpr WiringMask kMost = std::numeric_limits<WiringMask>::max();
 constexpr WiringMask kLeast = std::numeric_limits<WiringMask>::min();
 

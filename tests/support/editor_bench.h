@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cable/frmPuertos.h"
+#include "support/connector_pair.h"
 
 namespace conmuta {
 
@@ -26,10 +27,6 @@ inline void PrintTo(const Wiring& wiring, std::ostream* out) {
 }
 
 namespace test {
-
-inline emPuertoSerial Pair(int code) {
-  return static_cast<emPuertoSerial>(code);
-}
 
 // Runs the user's part while the window is open.
 class PlayingView final : public frmPuertos::View {

@@ -20,6 +20,7 @@ class Latin1 final : public CodePage {
     return text;
   }
 };
+inline const Latin1 kLatin1;
 
 // One byte for each character up to U+007F, "<>" for each of the others, "[==]" for a surrogate
 // pair. The way back gives nothing for a lone "<".

@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kAll = 1 << 20;
+constexpr std::size_t kWhole = 1 << 20;
 
 // Root may write everything: does without that right for as long as it lives.
 class WithoutPrivileges {
@@ -66,7 +66,7 @@ TEST_F(PosixFiles, HalfASurrogatePairNamesNoFile) {
     const Text path = folder_.Path(u"a") + half;
     EXPECT_FALSE(files_.Write(path, "x"));
     EXPECT_FALSE(files_.Attributes(path));
-    EXPECT_FALSE(files_.Read(path, kAll));
+    EXPECT_FALSE(files_.Read(path, kWhole));
     EXPECT_FALSE(files_.Remove(path));
   }
 }
@@ -78,7 +78,7 @@ TEST_F(PosixFiles, ReadOnlyFileIsReadAndLeftAlone) {
     const auto attributes = files_.Attributes(path);
     ASSERT_TRUE(attributes);
     EXPECT_NE(*attributes & kAttributeArchive, 0u);
-    EXPECT_TRUE(files_.Read(path, kAll));
+    EXPECT_TRUE(files_.Read(path, kWhole));
     EXPECT_FALSE(files_.Write(path, "new"));
   }
   EXPECT_EQ(BytesOf(path), "old");
@@ -96,7 +96,7 @@ TEST_F(PosixFiles, FullDiskLeavesNoHalfWrittenFile) {
 }
 
 TEST_F(PosixFiles, DeviceIsNoFileToRead) {
-  EXPECT_FALSE(files_.Read(u"/dev/zero", kAll));
+  EXPECT_FALSE(files_.Read(u"/dev/zero", kWhole));
 }
 
 TEST_F(PosixFiles, ConfigurationKeepsAFileThatCannotBeRemoved) {

@@ -12,7 +12,7 @@
 namespace conmuta {
 namespace {
 
-constexpr std::size_t kAll = 1 << 20;
+constexpr std::size_t kWhole = 1 << 20;
 
 class WindowsFiles : public testing::Test {
  protected:
@@ -20,7 +20,7 @@ class WindowsFiles : public testing::Test {
     return reinterpret_cast<const wchar_t*>(path.c_str());
   }
   std::string BytesOf(const Text& path) {
-    const auto content = files_.Read(path, kAll);
+    const auto content = files_.Read(path, kWhole);
     return content ? content->bytes : "(no file)";
   }
   bool IsReadOnly(const Text& path) {
@@ -87,7 +87,7 @@ TEST_F(WindowsFiles, NameLongerThanAnyIsNone) {
     const Text path = Text(u"\\\\?\\") + Text(length - 4, u'x');
     EXPECT_FALSE(files_.Write(path, "x"));
     EXPECT_FALSE(files_.Attributes(path));
-    EXPECT_FALSE(files_.Read(path, kAll));
+    EXPECT_FALSE(files_.Read(path, kWhole));
     EXPECT_FALSE(files_.Remove(path));
     EXPECT_FALSE(files_.Copy(path, path));
   }
