@@ -1,22 +1,58 @@
-"""The blocks of code in the manual, for the programs that run them."""
+"""The chapters of the manual and their blocks of code, for the programs that run them."""
 import difflib
-import os
 import pathlib
 import re
 import shutil
 import tempfile
 
 PROJECT = pathlib.Path(__file__).resolve().parents[2]
-CHAPTERS = sorted((PROJECT / "docs/manual").glob("*.md"))
-FENCE = re.compile(r"^(?P<indent> *)```(?P<language>\w+)\n(?P<body>.*?)^(?P=indent)```$", re.M | re.S)
+PAGES = sorted((PROJECT / "docs/manual").glob("*.md"))
+CHAPTERS = [*PAGES, PROJECT / "docs/diez-pasos.md"]
+
+# A block of code, with the mark before it; or a mark that needs none.
+STEP = re.compile(
+    r"(?:^<!-- archivo: (?P<file>[^,\n]+?)(?P<append>, al final)? -->\n)?"
+    r"^(?P<indent> *)```(?P<language>\w+)\n(?P<body>.*?)^(?P=indent)```$"
+    r"|^<!-- archivo: (?P<changed>[^,\n]+), «(?P<old>.*?)» por «(?P<new>.*?)» -->$", re.M | re.S)
 
 
-def blocks(text):
-    """Language, lines without the indent of their list, and place of each block."""
-    for found in FENCE.finditer(text):
-        indent = found["indent"]
-        lines = [line.removeprefix(indent) for line in found["body"].splitlines()]
-        yield found["language"], lines, found.span("body"), indent
+class Block:
+    """What stands in a block, without the indent of its list, and where."""
+
+    def __init__(self, found):
+        self.language, self.indent, self.place = found["language"], found["indent"], found.span("body")
+        self.lines = [line.removeprefix(self.indent) for line in found["body"].splitlines()]
+
+
+class Site:
+    """A new folder with the manual's samples in it, which goes when the program ends. What the marks of a
+    chapter say is done there:
+
+    <!-- archivo: NAME -->                the next block is the whole file
+    <!-- archivo: NAME, al final -->      the next block goes to the end of the file
+    <!-- archivo: NAME, «A» por «B» -->   one text of the file is replaced
+    """
+
+    def __init__(self):
+        self.folder = tempfile.TemporaryDirectory()
+        self.path = pathlib.Path(self.folder.name)
+        for sample in (PROJECT / "docs/manual/muestras").iterdir():
+            shutil.copy(sample, self.path)
+
+    def follow(self, text):
+        """The blocks of a chapter that are no files, in their order; each mark is done when it is reached."""
+        for found in STEP.finditer(text):
+            if found["changed"]:
+                file = self.path / found["changed"]
+                before = file.read_text(encoding="utf-8")
+                if found["old"] not in before:
+                    raise SystemExit(f"{found['changed']} has no «{found['old']}»")
+                file.write_text(before.replace(found["old"], found["new"]), encoding="utf-8")
+            elif found["file"]:
+                with open(self.path / found["file"], "a" if found["append"] else "w", encoding="utf-8") as file:
+                    file.write(found["body"])
+            else:
+                yield Block(found)
 
 
 def matches(expected, printed):
@@ -25,7 +61,7 @@ def matches(expected, printed):
         return not printed
     if expected[0] == "…":
         return any(matches(expected[1:], printed[i:]) for i in range(len(printed) + 1))
-    return bool(printed) and expected[0] == printed[0].rstrip() and matches(expected[1:], printed[1:])
+    return bool(printed) and expected[0].rstrip() == printed[0].rstrip() and matches(expected[1:], printed[1:])
 
 
 def difference(expected, printed):
@@ -49,16 +85,3 @@ class Checks:
     def end(self):
         print(f"{self.passed} passed, {self.failed} failed")
         return 0 if self.passed and not self.failed else 1
-
-
-class Site:
-    """A new folder with the manual's samples in it, which goes when the program ends."""
-
-    def __init__(self):
-        self.folder = tempfile.TemporaryDirectory()
-        self.path = pathlib.Path(self.folder.name)
-        for sample in (PROJECT / "docs/manual/muestras").iterdir():
-            shutil.copy(sample, self.path)
-        # A capture without a head is of its file's day.
-        for sample in self.path.iterdir():
-            os.utime(sample, (1547640000, 1547640000))
