@@ -89,7 +89,10 @@ DamageReport DamageReportOf(const Family& family, const HarmListener& listener) 
   for (std::size_t i = 0; i < lines.size(); ++i) {
     for (const DamagedLine& damaged : DamagedForms(lines, i)) {
       const auto calls = player.Play(i, damaged);
-      const Harm harm = Compare(calls.whole, calls.found);
+      // A line that looks the same to a person must not lose its call either.
+      const bool lost =
+          damaged.damage == Damage::kBlanks && calls.found.size() < calls.whole.size();
+      const Harm harm = lost ? Harm::kWrong : Compare(calls.whole, calls.found);
       report.by_damage[static_cast<std::size_t>(damaged.damage)].Add(harm);
       if (listener && harm != Harm::kNone) listener({lines[i].number, damaged, harm, calls.found});
     }

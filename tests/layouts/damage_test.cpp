@@ -179,6 +179,23 @@ TEST(DamageReport, CountsWhatCutsAndLossesMakeOfALine) {
   EXPECT_EQ(PerMille(1, 1500), 1);
 }
 
+TEST(DamageReport, BlanksThatAreMissingMustNotCostACall) {
+  Family family = SmallFamily();
+  family.capture.lines[0].text += u"  ";
+  EXPECT_EQ(DamageReportOf(family)[Damage::kBlanks].wrong, 0);
+  CTE mark;
+  mark.Param = emDatoCteIdentSaliente;
+  mark.TipoDato = emValorConstante;
+  mark.Pos = 13;
+  mark.Tam = 1;
+  mark.Constante.Assign(u" ");
+  CTE trap = mark;
+  trap.Param = emDatoCteIdentInterTroncal;
+  trap.Pos = 5;
+  family.layout.constants = {mark, trap};
+  EXPECT_EQ(DamageReportOf(family)[Damage::kBlanks].wrong, 1);
+}
+
 TEST(Tally, ACallThatIsNotTheExpectedOneIsTold) {
   Family family = SmallFamily();
   EXPECT_EQ(TallyOf(family).differences.size(), 0U);
