@@ -120,7 +120,9 @@ CivilDate DateOfFile(const fs::path& path) {
   const auto written = fs::last_write_time(path, error);
   if (error) Fail(path, "no se sabe de qué fecha es");
   const auto moment = std::chrono::file_clock::to_sys(written).time_since_epoch();
-  const std::time_t seconds = std::chrono::duration_cast<std::chrono::seconds>(moment).count();
+  // Of 32 bits in 32-bit Windows programs.
+  const auto seconds =
+      static_cast<std::time_t>(std::chrono::duration_cast<std::chrono::seconds>(moment).count());
   std::tm local{};
 #ifdef _WIN32
   localtime_s(&local, &seconds);

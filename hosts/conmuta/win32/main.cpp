@@ -46,7 +46,7 @@ int wmain(int argc, wchar_t** argv) {
   std::vector<std::string> arguments;
   for (int i = 1; i < argc; ++i) {
     const std::wstring_view wide = argv[i];
-    arguments.push_back(conmuta::host::Utf8({wide.begin(), wide.end()}));
+    arguments.push_back(conmuta::host::Utf8(conmuta::Text(wide.begin(), wide.end())));
   }
   std::ios::sync_with_stdio(false);
   std::cin.tie(nullptr);
