@@ -17,13 +17,13 @@ std::string Names(const Command& command) {
 std::string Offer(Offers offers, std::string_view choices) {
   switch (offers) {
     case Offers::kFiles:
-      return "COMPREPLY=($(compgen -f -- \"$word\"))";
+      return "_conmuta_offer -f";
     case Offers::kFolders:
-      return "COMPREPLY=($(compgen -d -- \"$word\"))";
+      return "_conmuta_offer -d";
     case Offers::kLayouts:
-      return "COMPREPLY=($(compgen -f -- \"$word\") $(compgen -W \"$layouts\" -- \"$word\"))";
+      return "_conmuta_offer -f -W \"$layouts\"";
     case Offers::kChoices:
-      return "COMPREPLY=($(compgen -W \"" + std::string(choices) + "\" -- \"$word\"))";
+      return "_conmuta_offer -W '" + std::string(choices) + "'";
     default:
       return ":";
   }
@@ -40,8 +40,8 @@ std::string Branch(const Command& command) {
     text += "        " + names + ") " + Offer(option.offers, option.choices) + "; return ;;\n";
     valued += (valued.empty() ? "" : "|") + names;
   }
-  text += "      esac\n      if [[ $word == -* ]]; then COMPREPLY=($(compgen -W \"" +
-          Names(command) + "\" -- \"$word\")); return; fi\n";
+  text += "      esac\n      if [[ $word == -* ]]; then _conmuta_offer -W '" + Names(command) +
+          "'; return; fi\n";
   text += "      _conmuta_place '" + valued + "'\n      case $place in\n";
   std::size_t place = 0;
   for (const Operand& operand : command.operands) {
@@ -69,6 +69,9 @@ std::string BashCompletion() {
   }
   return "# bash completion of conmuta, made by: conmuta completa bash\n"
          "\n"
+         "# Offers what compgen finds.\n"
+         "_conmuta_offer() { mapfile -t COMPREPLY < <(compgen \"$@\" -- \"$word\"); }\n"
+         "\n"
          "# How many arguments stand before the present one that are neither options nor, given "
          "the\n"
          "# options that take one, their values.\n"
@@ -88,9 +91,9 @@ std::string BashCompletion() {
          "'\n"
          "  COMPREPLY=()\n"
          "  if ((COMP_CWORD == 1)); then\n"
-         "    COMPREPLY=($(compgen -W \"" +
+         "    _conmuta_offer -W '" +
          commands +
-         "\" -- \"$word\"))\n"
+         "'\n"
          "    return\n"
          "  fi\n"
          "  case ${COMP_WORDS[1]} in\n" +

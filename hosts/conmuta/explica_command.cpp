@@ -85,7 +85,7 @@ int RunExplica(const Arguments& arguments, Console& console) {
     has_errors = has_errors || verdict.error != LineError::kNone;
     console.out << (as_json ? ExplanationJson(explanation, translator.InfoLlamada())
                             : ExplanationText(explanation, translator.InfoLlamada(),
-                                              console.out_is_terminal));
+                                              console.out_has_colours));
   };
   while (lines.Next(take) && !(subject.line && is_found)) {
   }

@@ -1,6 +1,13 @@
 #include "conmuta/progress.h"
 
+#include <string>
+
 namespace conmuta::host {
+namespace {
+
+constexpr std::size_t kWidth = 40;  // of what is shown, at most
+
+}  // namespace
 
 void Progress::Advance(std::uint64_t bytes, std::uint64_t lines) {
   bytes_ += bytes;
@@ -21,7 +28,7 @@ void Progress::Show() {
 
 void Progress::Clear() {
   const std::lock_guard lock(mutex_);
-  if (shown_) err_ << "\r\x1B[K" << std::flush;
+  if (shown_) err_ << '\r' << std::string(kWidth, ' ') << '\r' << std::flush;
   shown_ = false;
 }
 

@@ -9,12 +9,13 @@
 
 namespace conmuta::host {
 
-// Silent for the first second, and where there is no terminal. May be told from any thread.
+// Silent at first, and where there is no terminal. May be told from any thread.
 class Progress {
  public:
   // `total`: bytes altogether, 0 when that is not known.
-  Progress(std::ostream& err, bool is_terminal, std::uint64_t total)
-      : err_(err), is_terminal_(is_terminal), total_(total) {}
+  Progress(std::ostream& err, bool is_terminal, std::uint64_t total,
+           std::chrono::milliseconds silence = std::chrono::seconds(1))
+      : err_(err), is_terminal_(is_terminal), total_(total), next_(Clock::now() + silence) {}
   ~Progress() { Clear(); }
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
@@ -34,7 +35,7 @@ class Progress {
   std::atomic<std::uint64_t> bytes_ = 0;
   std::atomic<std::uint64_t> lines_ = 0;
   std::mutex mutex_;
-  Clock::time_point next_ = Clock::now() + std::chrono::seconds(1);
+  Clock::time_point next_;
   bool shown_ = false;
 };
 

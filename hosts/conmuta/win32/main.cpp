@@ -1,9 +1,10 @@
 #include <windows.h>
-// windows.h first
+
 #include <fcntl.h>
 #include <io.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <iostream>
 
 #include "conmuta/program.h"
@@ -30,8 +31,8 @@ class Utf8Console {
   const UINT before_ = GetConsoleOutputCP();
 };
 
-// Colours and the erasing of a line; consoles before Windows 10 have neither.
-bool UnderstandsEscapes(DWORD handle) {
+// Consoles before Windows 10 have none.
+bool HasColours(DWORD handle) {
   constexpr DWORD kVirtualTerminal = 4;
   DWORD mode = 0;
   const HANDLE console = GetStdHandle(handle);
@@ -50,8 +51,11 @@ int wmain(int argc, wchar_t** argv) {
   }
   std::ios::sync_with_stdio(false);
   std::cin.tie(nullptr);
-  Console console{std::cin, std::cout, std::cerr,
-                  IsConsole(STD_OUTPUT_HANDLE) && UnderstandsEscapes(STD_OUTPUT_HANDLE),
-                  IsConsole(STD_ERROR_HANDLE) && UnderstandsEscapes(STD_ERROR_HANDLE)};
+  Console console{std::cin,
+                  std::cout,
+                  std::cerr,
+                  IsConsole(STD_OUTPUT_HANDLE),
+                  IsConsole(STD_ERROR_HANDLE),
+                  HasColours(STD_OUTPUT_HANDLE) && _wgetenv(L"NO_COLOR") == nullptr};
   return conmuta::host::RunProgram(arguments, console);
 }
