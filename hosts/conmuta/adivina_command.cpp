@@ -47,8 +47,8 @@ void WriteTable(const std::vector<Fit>& fits, std::size_t count, Console& consol
     std::string bar;
     for (int step = 0; step < 10; ++step) bar += step * 10 + 5 <= percent ? "█" : "·";
     console.out << Aligned(fit.layout().name, 24) << bar << ' '
-                << Aligned(std::to_string(percent) + " %", 6) << ' ' << fit.calls()
-                << " llamadas de " << fit.lines() << " líneas";
+                << Aligned(std::to_string(percent) + " %", 6) << ' ' << fit.calls() << " de "
+                << fit.lines() << (fit.lines() == 1 ? " línea" : " líneas");
     if (fit.implausible() != 0) console.out << ", " << fit.implausible() << " dudosas";
     console.out << "  " << NameOfSwitch(fit.layout()) << '\n';
   }

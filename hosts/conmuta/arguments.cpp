@@ -73,7 +73,10 @@ Arguments::Arguments(const Command& command, const std::vector<std::string>& wor
   try {
     app.parse(named);
   } catch (const CLI::ArgumentMismatch& error) {
-    Fail(command, "A una opción le falta su valor o le sobra: " + error.get_name());
+    // It begins with the option's name.
+    const std::string what = error.what();
+    Fail(command, "A la opción " + what.substr(0, what.find_first_of(": ")) +
+                      " le falta su valor, o le sobra.");
   } catch (const CLI::ParseError& error) {
     Fail(command, "No se entienden las opciones: " + std::string(error.what()));
   }

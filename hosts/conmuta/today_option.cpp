@@ -15,8 +15,9 @@ TodayOption::TodayOption(const Arguments& arguments) {
 }
 
 void TodayOption::Set(DayClock& clock, const LineSource& lines, const std::string& file) const {
-  if (!is_of_file_) return clock.Set(day_);
-  if (lines.date()) return clock.Set(lines.date());
+  if (day_) return clock.Set(*day_);
+  if (!is_of_file_) return;
+  if (lines.date()) return clock.Set(*lines.date());
   if (file == "-") {
     throw UserError(
         "--hoy archivo: la entrada estándar no tiene fecha; dé el día, como 2019-01-16");

@@ -25,23 +25,26 @@ Translators::Translators(std::span<const NamedLayout> layouts, const Clock& cloc
   }
 }
 
+Outcome Translators::Judge(TextView line, std::size_t layout) {
+  clsTradEST& translator = desks_[layout]->translator;
+  return {translator.Judge(line), layout, &translator.InfoLlamada()};
+}
+
 Outcome Translators::Translate(TextView line) {
-  Outcome first;
-  for (std::size_t i = 0; i < desks_.size(); ++i) {
-    clsTradEST& translator = desks_[i]->translator;
-    const Outcome made{translator.Judge(line), i, &translator.InfoLlamada()};
+  const Outcome first = Judge(line, 0);
+  if (first.verdict.IsCall()) return first;
+  for (std::size_t i = 1; i < desks_.size(); ++i) {
+    const Outcome made = Judge(line, i);
     if (made.verdict.IsCall()) return made;
-    if (i == 0) first = made;
   }
   return first;
 }
 
 Outcome Translators::CloseBlock(std::size_t layout) {
-  Desk& desk = *desks_[layout];
-  if (desk.config->Caso() != emCasoNortelNorstar0x32SMDR6) {
+  if (desks_[layout]->config->Caso() != emCasoNortelNorstar0x32SMDR6) {
     return {{LineError::kNone, NoCall::kEmptyLine, false}, layout, nullptr};
   }
-  return {desk.translator.Judge(kBlockEnd), layout, &desk.translator.InfoLlamada()};
+  return Judge(kBlockEnd, layout);
 }
 
 std::size_t Translators::CallsWaiting() const {

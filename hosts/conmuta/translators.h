@@ -45,6 +45,7 @@ class Translators {
     clsTradEST translator;
   };
 
+  Outcome Judge(TextView line, std::size_t layout);
   Outcome CloseBlock(std::size_t layout);
 
   std::vector<std::unique_ptr<Desk>> desks_;

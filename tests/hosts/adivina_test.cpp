@@ -29,13 +29,13 @@ TEST(Adivina, EverySwitchIsKnownByItsOwnCapture) {
   EXPECT_EQ(known, static_cast<int>(Catalogue().size()));
 }
 
+// The two patterns differ in columns that this line does not fill.
 TEST(Adivina, LayoutsThatExplainTheLinesAlikeAreSaidToBe) {
-  // Two sizes of extension, and a line that has room for either.
-  const ProgramRun run = RunConmuta({"adivina", CaptureOf("panasonic-kx")});
-  EXPECT_EQ(run.out.find("por igual"), std::string::npos) << run.out;
-  Fit a(Catalogue()[0]);
-  Fit b(Catalogue()[0]);
-  EXPECT_EQ(a.Score(), b.Score());
+  const ProgramRun alike = RunConmuta({"adivina", "-"}, "01/14/19 09:21AM 1201     EXT1215\n");
+  EXPECT_NE(alike.out.find("Los primeros 2 explican estas líneas por igual."), std::string::npos)
+      << alike.out;
+  const ProgramRun one = RunConmuta({"adivina", CaptureOf("panasonic-kx")});
+  EXPECT_EQ(one.out.find("por igual"), std::string::npos) << one.out;
 }
 
 TEST(Adivina, WhatNobodyPrintedIsNobodys) {

@@ -99,12 +99,14 @@ TEST_F(Compila, ReplacesNothingUnlessItIsTold) {
 }
 
 TEST_F(Compila, WhatCannotBeWrittenIsNamed) {
-  const std::string good = AddSwitch("good", kGood);
+  const std::string a = AddSwitch("a", kGood);
+  const std::string b = AddSwitch("b", kGood);
   std::ofstream(Out()) << "a file";
-  const ProgramRun run = RunConmuta({"compila", good, good + "/../good", "-o", Out() + "/x.cfg"});
+  const ProgramRun run = RunConmuta({"compila", a, b, "-o", Out()});
   EXPECT_EQ(run.code, 2);
-  EXPECT_FALSE(run.err.empty());
-  EXPECT_EQ(RunConmuta({"compila", good}).err,
+  EXPECT_EQ(run.err, Out() + ": no se puede crear la carpeta\n");
+  EXPECT_EQ(RunConmuta({"compila", a, "-o", Out() + "/x.cfg"}).code, 2);
+  EXPECT_EQ(RunConmuta({"compila", a}).err,
             "Falta --salida: el archivo .cfg, o una carpeta para varios.\n");
 }
 
@@ -119,7 +121,8 @@ TEST_F(Descompila, GivesTheLayoutOfEveryKindOfConfiguration) {
     ASSERT_TRUE(again.layout) << run.out;
     EXPECT_EQ(again.layout->items, named.layout.items);
     EXPECT_EQ(again.layout->constants, named.layout.constants);
-    EXPECT_EQ(again.layout->header, named.layout.header) << named.name;
+    EXPECT_EQ(again.layout->header.Cables, named.layout.header.Cables) << named.name;
+    EXPECT_EQ(again.layout->header.Caso, named.layout.header.Caso) << named.name;
   }
   const ProgramRun exchange = RunConmuta(
       {"descompila", CONMUTA_SOURCES "/examples/panasonic-kx/panasonic-kx.exchange.txt"});
@@ -154,12 +157,12 @@ TEST(Cable, OnlyOfAPairThatThereIs) {
 using Catalogo = ConfigCommand;
 
 TEST_F(Catalogo, NamesEverySwitch) {
-  const std::string list = RunConmuta({"catalogo"}).out;
+  const std::string list = "\n" + RunConmuta({"catalogo"}).out;
   const std::string json = RunConmuta({"catalogo", "--json"}).out;
   for (const auto& folder : test::Entries(CONMUTA_SOURCES "/switches")) {
     if (!fs::is_directory(folder)) continue;
     const std::string name = folder.filename().string();
-    EXPECT_NE(list.find("\n" + name + " "), list.starts_with(name) ? 0 : std::string::npos) << name;
+    EXPECT_NE(list.find("\n" + name + " "), std::string::npos) << name;
     EXPECT_NE(json.find("{\"formato\":1,\"conmutador\":\"" + name + "\","), std::string::npos)
         << name;
   }

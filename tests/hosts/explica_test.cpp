@@ -25,7 +25,7 @@ TEST(Explica, PagesAreAsApproved) {
       {"llamada", {"panasonic-kx", kLine}},
       {"sin-llamada", {"panasonic-kx", "01/14/19 09:07AM *1204 LOG IN"}},
       {"bloque", {"nortel-norstar", CaptureOf("nortel-norstar") + ":12"}},
-      {"error", {"nortel-norstar", CaptureOf("nortel-norstar") + ":11"}},
+      {"error", {"nortel-norstar", CaptureOf("nortel-norstar") + ":157"}},
   };
   for (const auto& row : cases) {
     std::vector<std::string> arguments = {"explica", "--hoy", "2019-01-17"};

@@ -57,8 +57,9 @@ TEST(Arguments, WhatTheCommandDoesNotTakeIsNamed) {
   EXPECT_EQ(Complaint({"a", "b", "-x"}), "No hay tal opción: -x");
   EXPECT_EQ(Complaint({"a", "b", "-m", "feo"}),
             "--modo: «feo» no es uno de estos valores: bueno, malo");
-  EXPECT_TRUE(
-      Complaint({"a", "b", "-m"}).starts_with("A una opción le falta su valor o le sobra: "));
+  EXPECT_EQ(Complaint({"a", "b", "-m"}), "A la opción --modo le falta su valor, o le sobra.");
+  EXPECT_EQ(Complaint({"a", "b", "-m", "malo", "-m", "malo"}),
+            "A la opción --modo le falta su valor, o le sobra.");
 }
 
 TEST(Arguments, NumbersHaveTheirRange) {
