@@ -1,8 +1,8 @@
 // Writing fields of a row into room that is large enough. All give where they came to.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 
 #include "conmuta/call_fields.h"
@@ -11,8 +11,7 @@
 namespace conmuta::host {
 
 inline char* Put(char* at, std::string_view text) {
-  std::memcpy(at, text.data(), text.size());
-  return at + text.size();
+  return std::copy(text.begin(), text.end(), at);
 }
 
 // At least so many digits.
