@@ -124,9 +124,11 @@ TEST_F(Descompila, GivesTheLayoutOfEveryKindOfConfiguration) {
     EXPECT_EQ(again.layout->header.Cables, named.layout.header.Cables) << named.name;
     EXPECT_EQ(again.layout->header.Caso, named.layout.header.Caso) << named.name;
   }
-  const ProgramRun exchange = RunConmuta(
-      {"descompila", CONMUTA_SOURCES "/examples/panasonic-kx/panasonic-kx.exchange.txt"});
-  EXPECT_TRUE(layouts::ReadLayout(exchange.out).layout) << exchange.err;
+  clsCfgConmut config(SystemPlatform());
+  config.Abrir(FromUtf8(Out("panasonic-kx.cfg")));
+  config.Exportar(FromUtf8(Out("exchange.txt")));
+  const ProgramRun exchange = RunConmuta({"descompila", Out("exchange.txt")});
+  EXPECT_EQ(exchange.out, RunConmuta({"descompila", Out("panasonic-kx.cfg")}).out) << exchange.err;
 }
 
 TEST_F(Descompila, WritesWhereItIsTold) {
