@@ -7,6 +7,7 @@
 #include "catalogue/switch_folder.h"
 #include "conmuta/layout_choice.h"
 #include "layouts/read_layout.h"
+#include "platform/unicode.h"
 #include "support/approved.h"
 #include "support/program_run.h"
 #include "support/saved_config.h"
