@@ -294,19 +294,21 @@ TEST(Traduce, AMistakeOfALayoutNamesFileLineAndItem) {
 
 TEST(Traduce, AFileOfOutputIsReplacedOnlyWhenAsked) {
   test::TemporaryFolder folder;
-  const std::string file = (folder.path() / "ñandú \xE2\x82\xAC.csv").string();
+  const std::filesystem::path path = folder.path() / u8"ñandú €.csv";
+  const std::u8string utf8 = path.u8string();
+  const std::string file(utf8.begin(), utf8.end());
   ASSERT_EQ(RunConmuta({"traduce", "-q", "-f", "csv", "-o", file, "panasonic-kx", "-"}, kCall).code,
             0);
-  const std::string first = ReadWhole(file);
+  const std::string first = ReadWhole(path);
   EXPECT_NE(first.find(",5550177,"), std::string::npos);
   EXPECT_EQ(RunConmuta({"traduce", "-q", "-o", file, "panasonic-kx", "-"}, kNoCall).code, 2);
-  EXPECT_EQ(ReadWhole(file), first);
+  EXPECT_EQ(ReadWhole(path), first);
   EXPECT_EQ(
       RunConmuta({"traduce", "-q", "--reemplaza", "-f", "csv", "-o", file, "panasonic-kx", "-"},
                  kNoCall)
           .code,
       0);
-  EXPECT_EQ(LinesOf(ReadWhole(file)).size(), 1U);
+  EXPECT_EQ(LinesOf(ReadWhole(path)).size(), 1U);
 }
 
 }  // namespace
