@@ -63,16 +63,7 @@ class Editor {
     return {std::lround(desk.origin().x + center.x * desk.scale()),
             std::lround(desk.origin().y + center.y * desk.scale())};
   }
-  int LineHeight() const {
-    const HDC dc = GetDC(window_);
-    const HGDIOBJ before =
-        SelectObject(dc, reinterpret_cast<HFONT>(Send(At(win32::kBtnCancelar), WM_GETFONT)));
-    TEXTMETRICW metrics{};
-    GetTextMetricsW(dc, &metrics);
-    SelectObject(dc, before);
-    ReleaseDC(window_, dc);
-    return static_cast<int>(metrics.tmHeight);
-  }
+  int LineHeight() const { return LineHeightOf(At(win32::kBtnCancelar)); }
   // As low as it goes, so that a DB25 does not fit.
   void MakeLow() const { person_.Resize(window_, static_cast<int>(OuterSizeOf(window_).cx), 1); }
   Text Connections() const { return TextOf(At(win32::kTxtConexiones)); }

@@ -8,6 +8,14 @@ using win32::kBtnAceptar;
 using win32::kBtnCancelar;
 using win32::kDiagram;
 
+// Chosen for lines 15 pixels high: wide enough that wires are told apart, and no wider.
+TEST_F(CableWindowTest, OpensWithRoomForTheDiagram) {
+  Edit(NamedConfig(), [](const Editor& editor) {
+    EXPECT_EQ(ClientSizeOf(editor.At(kDiagram)).cx, MulDiv(560, editor.LineHeight(), 15));
+    editor.Cancel();
+  });
+}
+
 TEST_F(CableWindowTest, BarIsDisabledWhenAllFits) {
   Edit(NamedConfig(), [](const Editor& editor) {
     EXPECT_TRUE(IsShown(editor.scroll()));

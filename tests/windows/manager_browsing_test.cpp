@@ -187,6 +187,16 @@ TEST_F(ManagerWindowTest, CableIsShownNotEdited) {
 
 // --- size ---
 
+TEST_F(ManagerWindowTest, OpensLargeEnoughForACatalogue) {
+  Edit([](const Manager& manager) {
+    const int line = LineHeightOf(manager.At(kBtnCerrar));
+    const SIZE client = ClientSizeOf(manager.window());
+    EXPECT_EQ(client.cx, MulDiv(750, line, 15));
+    EXPECT_EQ(client.cy, MulDiv(490, line, 15));
+    manager.Close();
+  });
+}
+
 TEST_F(ManagerWindowTest, TreeTakesWhatTheWindowGains) {
   Edit([](const Manager& manager) {
     const RECT tree = PlaceOf(manager.tree());

@@ -83,6 +83,16 @@ LOGFONTW FontOf(HWND window) {
   return font;
 }
 
+int LineHeightOf(HWND control) {
+  const HDC dc = GetDC(control);
+  const HGDIOBJ before = SelectObject(dc, reinterpret_cast<HFONT>(Send(control, WM_GETFONT)));
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(dc, &metrics);
+  SelectObject(dc, before);
+  ReleaseDC(control, dc);
+  return static_cast<int>(metrics.tmHeight);
+}
+
 std::vector<HWND> ChildrenOf(HWND window) {
   std::vector<HWND> children;
   EnumChildWindows(

@@ -34,6 +34,7 @@ RECT PlaceOf(HWND control);
 SIZE ClientSizeOf(HWND window);
 SIZE OuterSizeOf(HWND window);
 LOGFONTW FontOf(HWND window);
+int LineHeightOf(HWND control);  // in its font
 std::vector<HWND> ChildrenOf(HWND window);
 COLORREF PixelOf(HWND window, int x, int y);
 

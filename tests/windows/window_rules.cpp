@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <climits>
 #include <cstdlib>
 #include <map>
 #include <set>
@@ -89,6 +90,34 @@ Flaws Overlapping(HWND window, UINT) {
                           (IsFrame(other) && EqualRect(&common, &place));
       if (!frames) flaws.push_back(NumberOf(one) + " lies over " + NumberOf(other));
     }
+  }
+  return flaws;
+}
+
+// Push buttons keep off each other and off the edges, by lengths that grow with the font.
+Flaws Crowded(HWND window, UINT) {
+  Flaws flaws;
+  const HWND cancel = GetDlgItem(window, IDCANCEL);
+  const int line = LineHeightOf(cancel);
+  const int gap = MulDiv(6, line, 15);
+  const int margin = MulDiv(9, line, 15);
+  std::vector<HWND> buttons = ShownIn(window);
+  std::erase_if(buttons, [](HWND control) { return !IsPushButton(control); });
+  for (const HWND one : buttons) {
+    LONG apart = LONG_MAX;  // from the next one to the right
+    for (const HWND other : buttons) {
+      const LONG by = PlaceOf(other).left - PlaceOf(one).right;
+      if (PlaceOf(other).top == PlaceOf(one).top && by >= 0) apart = std::min(apart, by);
+    }
+    if (apart != LONG_MAX && apart != gap && apart != 2 * gap) {
+      flaws.push_back(NumberOf(one) + " is " + std::to_string(apart) + " pixels from the next one");
+    }
+  }
+  const SIZE client = ClientSizeOf(window);
+  const RECT last = PlaceOf(cancel);
+  if (!IsScrolled(window) &&
+      (client.cx - last.right != margin || client.cy - last.bottom != margin)) {
+    flaws.push_back(NumberOf(cancel) + " is not at the margin");
   }
   return flaws;
 }
@@ -194,8 +223,8 @@ Flaws MisprintedFonts(HWND window, UINT dpi) {
 }
 
 using Rule = Flaws (*)(HWND window, UINT dpi);
-constexpr Rule kRules[] = {Clipped, Beyond,   Overlapping,    Jumping,
-                           Keyless, Unthemed, MisprintedFonts};
+constexpr Rule kRules[] = {Clipped, Beyond,  Overlapping, Crowded,
+                           Jumping, Keyless, Unthemed,    MisprintedFonts};
 
 }  // namespace
 

@@ -9,9 +9,9 @@
 namespace conmuta::test {
 
 // What a person would find wrong with an open window of ours, one line each: texts that are cut,
-// controls over each other or beyond the window, a Tab key that jumps about, buttons without a key
-// of their own, the plain look of old systems, fonts that do not belong. `dpi` is the resolution
-// that the window is shown at.
+// controls over each other or beyond the window, buttons at uneven distances, a Tab key that jumps
+// about, buttons without a key of their own, the plain look of old systems, fonts that do not
+// belong. `dpi` is the resolution that the window is shown at.
 std::vector<std::string> FlawsOf(HWND window, UINT dpi);
 
 // The texts of labels, buttons and fields that their controls are too small for.
