@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 
@@ -45,6 +46,21 @@ TEST_F(Files, WrittenBytesReadBack) {
   ASSERT_TRUE(content);
   EXPECT_EQ(content->size, bytes.size());
   EXPECT_EQ(content->bytes, bytes);
+}
+
+TEST_F(Files, NamesThatMatchAreListed) {
+  for (const TextView name : {u"cnm1.cfg", u"cnm22.cfg", u"cnm.cfg", u"xcnm1.cfg", u"cnm1.txt"}) {
+    Put(folder_.Path(name), "");
+  }
+  const auto listed = [&](TextView pattern) {
+    std::vector<Text> names = files_.List(folder_.Path(pattern));
+    std::sort(names.begin(), names.end());
+    return names;
+  };
+  EXPECT_EQ(listed(u"cnm*.cfg"), (std::vector<Text>{u"cnm.cfg", u"cnm1.cfg", u"cnm22.cfg"}));
+  EXPECT_EQ(listed(u"cnm1*1.cfg"), std::vector<Text>()) << "one letter is not two";
+  EXPECT_EQ(listed(u"cnm1.cfg"), std::vector<Text>{u"cnm1.cfg"});
+  EXPECT_EQ(files_.List(folder_.Path(u"none") + u"/*"), std::vector<Text>()) << "no such folder";
 }
 
 TEST_F(Files, ReadingStopsAtTheLimit) {
