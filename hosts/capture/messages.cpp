@@ -5,11 +5,14 @@
 
 namespace conmuta::capture {
 
-std::string Escaped(std::string_view bytes) {
+namespace {
+
+template <class MayStand>
+std::string EscapedBut(std::string_view bytes, MayStand may_stand) {
   std::string text;
   for (const char c : bytes) {
     const auto code = static_cast<unsigned char>(c);
-    if (code >= 0x20 && code < 0x7F) {
+    if (may_stand(code)) {
       text += c;
     } else {
       std::array<char, 5> escape{};
@@ -20,9 +23,19 @@ std::string Escaped(std::string_view bytes) {
   return text;
 }
 
+}  // namespace
+
+std::string Escaped(std::string_view bytes) {
+  return EscapedBut(bytes, [](unsigned char code) { return code >= 0x20 && code < 0x7F; });
+}
+
+std::string Shown(std::string_view utf8) {
+  return EscapedBut(utf8, [](unsigned char code) { return code >= 0x20 && code != 0x7F; });
+}
+
 void Messages::Tell(std::string_view sentence) {
   const std::lock_guard lock(mutex_);
-  out_ << sentence << '\n' << std::flush;
+  out_ << Shown(sentence) << '\n' << std::flush;
 }
 
 void Complaint::Tell(const std::string& sentence) {

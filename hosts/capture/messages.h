@@ -13,6 +13,9 @@ namespace conmuta::capture {
 // ASCII, as \xHH.
 std::string Escaped(std::string_view bytes);
 
+// UTF-8 as a terminal may show it: only the control characters as \xHH.
+std::string Shown(std::string_view utf8);
+
 // One line each, from any thread.
 class Messages {
  public:

@@ -42,6 +42,7 @@ struct SourceSummary {
 
 struct StoredCall {
   std::string source;
+  std::string layout;
   std::int64_t number = 0;
   layouts::ExpectedCall call;
 };

@@ -49,8 +49,9 @@ void Store::Calls(const std::string& source, std::int64_t first_day, std::int64_
                   const std::function<void(const StoredCall&)>& take) {
   Statement& calls =
       Get("SELECT f.nombre, c.numero, c.dia, c.hora, c.tipo, c.atributo, c.duracion, c.timbrado, "
-          "c.emisor, c.receptor, c.telefono, c.transferida, c.cuenta "
+          "c.emisor, c.receptor, c.telefono, c.transferida, c.cuenta, a.configuracion "
           "FROM llamadas c JOIN fuentes f ON f.id = c.fuente "
+          "JOIN avances a ON a.fuente = c.fuente "
           "WHERE c.dia BETWEEN ? AND ? AND (CAST(? AS TEXT) = '' OR f.nombre = ?) "
           "ORDER BY c.fuente, c.numero");
   calls.Bind(0, first_day);
@@ -61,6 +62,7 @@ void Store::Calls(const std::string& source, std::int64_t first_day, std::int64_
     StoredCall stored;
     stored.source = calls.Bytes(0);
     stored.number = calls.Number(1);
+    stored.layout = calls.Bytes(13);
     layouts::ExpectedCall& call = stored.call;
     const auto day = static_cast<int>(calls.Number(2));
     call.year = day / 10000;

@@ -27,6 +27,13 @@ void Writer::Work() {
   using Clock = std::chrono::steady_clock;
   auto pause = limits_.first_pause;
   Clock::time_point works_until = Clock::now();
+  // What is stored and was not translated; sources are heard meanwhile. Where it fails now it is
+  // made up for with the next lines.
+  try {
+    recorder_.CatchUp();
+  } catch (const StoreError&) {
+    recorder_.Close();
+  }
   for (;;) {
     const bool last_round = stopping_;
     const bool any = backlog_.Wait(limits_.delay, limits_.lines);

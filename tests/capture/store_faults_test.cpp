@@ -21,7 +21,8 @@ using test::TemporaryFolder;
 struct StoreBench {
   explicit StoreBench(const std::string& name) : pbx(name) {}
 
-  Recorder MakeRecorder(const char* vfs = nullptr) {
+  Recorder MakeRecorder() { return MakeRecorder(quick.name()); }
+  Recorder MakeRecorder(const char* vfs) {
     return Recorder({{"centro", pbx.name, &pbx.config}}, [this, vfs](Thoroughness thoroughness) {
       return OpenSqliteOrSetAside(path, thoroughness, messages, vfs);
     });
@@ -31,6 +32,7 @@ struct StoreBench {
   }
 
   Switch pbx;
+  FaultyFiles quick;  // does not wait for the disk
   TemporaryFolder folder;
   std::filesystem::path path = folder.path() / "lineas.db";
   std::ostringstream told;

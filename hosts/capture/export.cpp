@@ -1,0 +1,112 @@
+#include <array>
+#include <charconv>
+#include <cstdio>
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+#include "capture/asking.h"
+#include "capture/store.h"
+#include "capture/store_address.h"
+#include "layouts/outcome_words.h"
+#include "platform/unicode.h"
+
+namespace conmuta::capture {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string Utf8(TextView text) {
+  return ToUtf8(text).value_or("?");
+}
+
+std::string Parts(const char* form, int a, int b, int c) {
+  std::array<char, 40> text{};
+  std::snprintf(text.data(), text.size(), form, a, b, c);
+  return text.data();
+}
+
+// The columns of a call, in their order. They stay; new ones come at the end.
+Json Row(const StoredCall& stored) {
+  const layouts::ExpectedCall& call = stored.call;
+  Json row;
+  row["fuente"] = stored.source;
+  row["linea"] = stored.number;
+  row["conmutador"] = stored.layout;
+  row["tipo"] = Utf8(layouts::FindWord(layouts::kTypeWords, call.type));
+  row["transferencia"] = nullptr;
+  if (call.attribute != emSinAtributo) {
+    row["transferencia"] = Utf8(layouts::FindWord(layouts::kTransferWords, call.attribute));
+  }
+  row["fecha"] = Parts("%04d-%02d-%02d", call.year, call.month, call.day);
+  row["hora"] = Parts("%02d:%02d:%02d", call.hours, call.minutes, call.seconds);
+  row["duracion_s"] = nullptr;
+  if (call.duration) row["duracion_s"] = *call.duration;
+  row["timbre_s"] = call.ring;
+  row["emisor"] = Utf8(call.caller);
+  row["receptor"] = Utf8(call.callee);
+  row["telefono"] = Utf8(call.phone);
+  row["extension_transferida"] = Utf8(call.transferred_to);
+  row["cuenta"] = Utf8(call.account);
+  return row;
+}
+
+std::string Field(const Json& value) {
+  if (value.is_null()) return "";
+  if (!value.is_string()) return value.dump();
+  const auto& text = value.get_ref<const std::string&>();
+  if (text.find_first_of("\",\r\n") == std::string::npos) return text;
+  std::string quoted = "\"";
+  for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);
+  return quoted + '"';
+}
+
+template <class Text>
+void WriteCsvLine(const Json& row, std::ostream& out, Text text) {
+  const char* comma = "";
+  for (const auto& [name, value] : row.items()) {
+    out << comma << text(name, value);
+    comma = ",";
+  }
+  out << "\r\n";
+}
+
+}  // namespace
+
+int Export(const ExportOptions& options, std::ostream& out, std::ostream& err) {
+  Messages messages(err);
+  try {
+    Store store(OpenForReading(options.store), SchemaUse::kRead);
+    if (options.format == ExportFormat::kCsv) {
+      WriteCsvLine(Row({}), out, [](const std::string& name, const Json&) { return name; });
+    }
+    store.Calls(options.source, options.first_day, options.last_day, [&](const StoredCall& call) {
+      const Json row = Row(call);
+      if (options.format == ExportFormat::kCsv) {
+        WriteCsvLine(row, out, [](const std::string&, const Json& value) { return Field(value); });
+      } else {
+        out << row.dump() << '\n';
+      }
+    });
+    if (!out.flush()) {
+      messages.Tell("no se puede escribir la salida");
+      return kFailed;
+    }
+    return kDone;
+  } catch (const StoreError& error) {
+    messages.Tell("no se puede leer el almacén " + options.store + ": " + error.what());
+    return kFailed;
+  }
+}
+
+std::optional<std::int64_t> ReadDay(const std::string& text) {
+  if (text.size() != 10 || text[4] != '-' || text[7] != '-') return std::nullopt;
+  const std::string digits = text.substr(0, 4) + text.substr(5, 2) + text.substr(8, 2);
+  std::int64_t day = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), day);
+  if (error != std::errc{} || end != digits.data() + digits.size()) return std::nullopt;
+  const std::int64_t month = day / 100 % 100;
+  return month >= 1 && month <= 12 && day % 100 >= 1 && day % 100 <= 31 ? std::optional(day)
+                                                                        : std::nullopt;
+}
+
+}  // namespace conmuta::capture

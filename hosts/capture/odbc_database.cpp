@@ -1,0 +1,250 @@
+#include "capture/odbc_database.h"
+
+#ifdef _WIN32  // its sql.h does not include what it needs
+#include <windows.h>
+#endif
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <algorithm>
+#include <array>
+#include <deque>
+#include <type_traits>
+
+#include "platform/unicode.h"
+
+namespace conmuta::capture {
+namespace {
+
+static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
+
+SQLWCHAR* Wide(Text& text) {
+  return reinterpret_cast<SQLWCHAR*>(text.data());
+}
+
+std::string Utf8(TextView text) {
+  return ToUtf8(text).value_or("?");
+}
+
+[[noreturn]] void Throw(SQLSMALLINT kind, SQLHANDLE handle) {
+  std::array<SQLWCHAR, 6> state{};
+  std::array<SQLWCHAR, 512> message{};
+  SQLINTEGER native = 0;
+  SQLSMALLINT length = 0;
+  std::string what = "la base de datos no responde";
+  if (SQL_SUCCEEDED(SQLGetDiagRecW(kind, handle, 1, state.data(), &native, message.data(),
+                                   static_cast<SQLSMALLINT>(message.size()), &length))) {
+    what = Utf8(reinterpret_cast<const char16_t*>(message.data()));
+  }
+  throw StoreError(StoreError::Kind::kFailed, what);
+}
+
+// A handle of ODBC's, freed with this.
+class Handle {
+ public:
+  Handle(SQLSMALLINT kind, SQLHANDLE parent) : kind_(kind) {
+    if (!SQL_SUCCEEDED(SQLAllocHandle(kind, parent, &handle_))) {
+      throw StoreError(StoreError::Kind::kFailed, "ODBC no responde");
+    }
+  }
+  ~Handle() { SQLFreeHandle(kind_, handle_); }
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+
+  SQLHANDLE get() const { return handle_; }
+  SQLRETURN Check(SQLRETURN code) const {
+    if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) Throw(kind_, handle_);
+    return code;
+  }
+
+ private:
+  SQLSMALLINT kind_;
+  SQLHANDLE handle_ = nullptr;
+};
+
+class OdbcStatement final : public Statement {
+ public:
+  OdbcStatement(SQLHDBC connection, const std::string& sql) : handle_(SQL_HANDLE_STMT, connection) {
+    Text text = FromUtf8(sql);
+    Check(SQLPrepareW(handle_.get(), Wide(text), static_cast<SQLINTEGER>(text.size())));
+  }
+
+  void Bind(int parameter, std::int64_t number) override {
+    Parameter& p = At(parameter);
+    p.number = number;
+    Bind(parameter, SQL_C_SBIGINT, SQL_BIGINT, &p.number, sizeof p.number);
+  }
+  void BindText(int parameter, std::string_view utf8) override {
+    Parameter& p = At(parameter);
+    p.text = FromUtf8(utf8);
+    Bind(parameter, SQL_C_WCHAR, SQL_WVARCHAR, p.text.data(), p.text.size() * sizeof(char16_t));
+  }
+  void BindBytes(int parameter, std::string_view bytes) override {
+    Parameter& p = At(parameter);
+    p.bytes = bytes;
+    Bind(parameter, SQL_C_BINARY, SQL_VARBINARY, p.bytes.data(), p.bytes.size());
+  }
+
+  bool Step() override {
+    if (!executed_) {
+      Check(SQLExecute(handle_.get()));
+      executed_ = true;
+    }
+    if (Check(SQLFetch(handle_.get())) != SQL_NO_DATA) return true;
+    Reset();
+    return false;
+  }
+  void Reset() override {
+    SQLFreeStmt(handle_.get(), SQL_CLOSE);
+    executed_ = false;
+  }
+
+  std::int64_t Number(int column) override {
+    SQLBIGINT number = 0;
+    SQLLEN length = 0;
+    Check(
+        SQLGetData(handle_.get(), Column(column), SQL_C_SBIGINT, &number, sizeof number, &length));
+    return length == SQL_NULL_DATA ? 0 : std::int64_t{number};
+  }
+
+  std::string Bytes(int column) override {
+    SQLLEN type = 0;
+    Check(SQLColAttributeW(handle_.get(), Column(column), SQL_DESC_CONCISE_TYPE, nullptr, 0,
+                           nullptr, &type));
+    if (type == SQL_BINARY || type == SQL_VARBINARY || type == SQL_LONGVARBINARY) {
+      return Pieces<char>(column, SQL_C_BINARY, 0);
+    }
+    return Utf8(Pieces<char16_t>(column, SQL_C_WCHAR, 1));
+  }
+
+  std::int64_t Run() override {
+    const SQLRETURN code = Check(SQLExecute(handle_.get()));
+    SQLLEN rows = 0;
+    if (code != SQL_NO_DATA) Check(SQLRowCount(handle_.get(), &rows));
+    Reset();
+    return rows;
+  }
+
+ private:
+  struct Parameter {
+    SQLBIGINT number = 0;
+    Text text;
+    std::string bytes;
+    SQLLEN length = 0;
+  };
+
+  SQLRETURN Check(SQLRETURN code) const { return handle_.Check(code); }
+  static SQLUSMALLINT Column(int column) { return static_cast<SQLUSMALLINT>(column + 1); }
+  Parameter& At(int parameter) {
+    const auto index = static_cast<std::size_t>(parameter);
+    if (parameters_.size() <= index) parameters_.resize(index + 1);
+    return parameters_[index];
+  }
+  void Bind(int parameter, SQLSMALLINT c_type, SQLSMALLINT type, void* value, std::size_t size) {
+    SQLLEN& length = At(parameter).length;
+    length = static_cast<SQLLEN>(size);
+    // A column of no size is none.
+    const SQLULEN width = std::max<SQLULEN>(1, type == SQL_WVARCHAR ? size / 2 : size);
+    Check(SQLBindParameter(handle_.get(), static_cast<SQLUSMALLINT>(parameter + 1), SQL_PARAM_INPUT,
+                           c_type, type, width, 0, value, length, &length));
+  }
+
+  // A long value comes in pieces; texts end with a NUL each.
+  template <class Char>
+  std::basic_string<Char> Pieces(int column, SQLSMALLINT c_type, std::size_t ending) {
+    std::basic_string<Char> value;
+    std::array<Char, 4096> room;
+    for (;;) {
+      SQLLEN length = 0;
+      const SQLRETURN code = Check(
+          SQLGetData(handle_.get(), Column(column), c_type, room.data(), sizeof room, &length));
+      if (code == SQL_NO_DATA || length == SQL_NULL_DATA) return value;
+      const std::size_t fits = room.size() - ending;
+      const std::size_t there =
+          length == SQL_NO_TOTAL ? fits : static_cast<std::size_t>(length) / sizeof(Char);
+      value.append(room.data(), std::min(fits, there));
+      if (code == SQL_SUCCESS) return value;
+    }
+  }
+
+  Handle handle_;
+  // Where they are is where the driver looks for them.
+  std::deque<Parameter> parameters_;
+  bool executed_ = false;
+};
+
+class Environment {
+ public:
+  Environment() : handle_(SQL_HANDLE_ENV, SQL_NULL_HANDLE) {
+    handle_.Check(SQLSetEnvAttr(handle_.get(), SQL_ATTR_ODBC_VERSION,
+                                reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0));
+  }
+  SQLHANDLE get() const { return handle_.get(); }
+
+ private:
+  Handle handle_;
+};
+
+class OdbcDatabase final : public Database {
+ public:
+  explicit OdbcDatabase(const std::string& address)
+      : connection_(SQL_HANDLE_DBC, environment_.get()) {
+    // A server that is away must not stop the capture for long.
+    SQLSetConnectAttr(connection_.get(), SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(5),
+                      SQL_IS_UINTEGER);
+    Text text = FromUtf8(address);
+    connection_.Check(SQLDriverConnectW(connection_.get(), nullptr, Wide(text),
+                                        static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr,
+                                        SQL_DRIVER_NOPROMPT));
+  }
+  ~OdbcDatabase() override {
+    Rollback();
+    SQLDisconnect(connection_.get());
+  }
+  OdbcDatabase(const OdbcDatabase&) = delete;
+  OdbcDatabase& operator=(const OdbcDatabase&) = delete;
+
+  std::unique_ptr<Statement> Prepare(const std::string& sql) override {
+    return std::make_unique<OdbcStatement>(connection_.get(), sql);
+  }
+  // Transactions are the driver's own: it must not hear of them as statements.
+  void Run(const std::string& sql) override {
+    if (sql == "BEGIN") return SetAutocommit(false);
+    if (sql == "COMMIT") return Commit();
+    const Handle statement(SQL_HANDLE_STMT, connection_.get());
+    Text text = FromUtf8(sql);
+    statement.Check(
+        SQLExecDirectW(statement.get(), Wide(text), static_cast<SQLINTEGER>(text.size())));
+  }
+  void Rollback() noexcept override { SQLEndTran(SQL_HANDLE_DBC, connection_.get(), SQL_ROLLBACK); }
+  std::string BytesType() const override { return "BYTEA"; }
+
+ private:
+  void Commit() const {
+    connection_.Check(SQLEndTran(SQL_HANDLE_DBC, connection_.get(), SQL_COMMIT));
+    SetAutocommit(true);
+  }
+  void SetAutocommit(bool on) const {
+    connection_.Check(SQLSetConnectAttr(connection_.get(), SQL_ATTR_AUTOCOMMIT,
+                                        reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(
+                                            on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF)),
+                                        SQL_IS_UINTEGER));
+  }
+
+  Environment environment_;
+  Handle connection_;
+};
+
+}  // namespace
+
+bool IsOdbcAddress(const std::string& address) {
+  const Text upper = ToUpper(FromUtf8(address.substr(0, 7)));
+  return upper == u"DRIVER=" || upper.starts_with(u"DSN=");
+}
+
+std::unique_ptr<Database> OpenOdbc(const std::string& address) {
+  return std::make_unique<OdbcDatabase>(address);
+}
+
+}  // namespace conmuta::capture

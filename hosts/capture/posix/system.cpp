@@ -1,0 +1,89 @@
+#include "capture/system.h"
+
+#include <fcntl.h>
+#include <linux/serial.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+
+namespace conmuta::capture {
+
+std::string SystemText(const std::error_code& error) {
+  return error.message();
+}
+
+bool ReuseIsSafe() {
+  return true;
+}
+
+std::size_t ReadStandardInput(char* room, std::size_t size) {
+  ssize_t count = 0;
+  do {
+    count = read(STDIN_FILENO, room, size);
+  } while (count < 0 && errno == EINTR);
+  return count > 0 ? static_cast<std::size_t>(count) : 0;
+}
+
+bool SharedFile::Open(const std::filesystem::path& path) {
+  Close();
+  handle_ = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  return IsOpen();
+}
+
+void SharedFile::Close() {
+  if (IsOpen()) close(static_cast<int>(handle_));
+  handle_ = -1;
+}
+
+std::int64_t SharedFile::Size() const {
+  struct stat status {};
+  return fstat(static_cast<int>(handle_), &status) == 0 ? std::int64_t{status.st_size} : 0;
+}
+
+std::size_t SharedFile::Read(std::int64_t offset, char* room, std::size_t size) const {
+  const ssize_t count = pread(static_cast<int>(handle_), room, size, offset);
+  return count > 0 ? static_cast<std::size_t>(count) : 0;
+}
+
+std::optional<SerialErrors> SerialErrorCounter::Take(std::intptr_t handle) {
+  serial_icounter_struct counters{};
+  if (ioctl(static_cast<int>(handle), TIOCGICOUNT, &counters) != 0) return std::nullopt;
+  const SerialErrors now{counters.frame, counters.parity,
+                         std::int64_t{counters.overrun} + counters.buf_overrun};
+  const SerialErrors before = known_.value_or(now);
+  known_ = now;
+  return SerialErrors{now.framing - before.framing, now.parity - before.parity,
+                      now.overrun - before.overrun};
+}
+
+PseudoTerminal::PseudoTerminal() : file_(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)) {
+  const char* name = nullptr;
+  termios settings{};
+  const bool done = file_ >= 0 && grantpt(file_) == 0 && unlockpt(file_) == 0 &&
+                    (name = ptsname(file_)) != nullptr && tcgetattr(file_, &settings) == 0;
+  if (!done) throw std::system_error(errno, std::generic_category());
+  // Nothing comes back, and no byte means anything.
+  cfmakeraw(&settings);
+  tcsetattr(file_, TCSANOW, &settings);
+  name_ = name;
+}
+
+PseudoTerminal::~PseudoTerminal() {
+  close(file_);
+}
+
+bool PseudoTerminal::Write(std::string_view bytes) const {
+  while (!bytes.empty()) {
+    const ssize_t count = write(file_, bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(count));
+  }
+  return true;
+}
+
+}  // namespace conmuta::capture

@@ -1,0 +1,42 @@
+#include <algorithm>
+#include <deque>
+#include <ostream>
+
+#include "capture/asking.h"
+#include "capture/store_address.h"
+
+namespace conmuta::capture {
+
+int Reprocess(const ReprocessOptions& options, const LoadLayout& load, std::ostream& err) {
+  Messages messages(err);
+  std::deque<clsCfgConmut> configs;
+  std::vector<SourceLayout> sources;
+  for (const auto& [name, layout] : options.layouts) {
+    clsCfgConmut& config = configs.emplace_back(SystemPlatform());
+    load(layout, config);
+    sources.push_back({name, layout, &config});
+  }
+  try {
+    {
+      // A name with a mistake must not make a new source.
+      Store store(OpenForReading(options.store), SchemaUse::kRead);
+      const auto rows = store.Sources();
+      for (const SourceLayout& source : sources) {
+        const auto has_name = [&](const SourceRow& row) { return row.name == source.name; };
+        if (std::none_of(rows.begin(), rows.end(), has_name)) {
+          messages.Tell("el almacén no tiene la fuente " + source.name);
+          return kUsage;
+        }
+      }
+    }
+    Recorder recorder(sources, OpenerForWriting(options.store, messages));
+    recorder.Open(Thoroughness::kQuick);
+    recorder.TranslateAnew();
+    return kDone;
+  } catch (const StoreError& error) {
+    messages.Tell("no se puede traducir el almacén " + options.store + ": " + error.what());
+    return kFailed;
+  }
+}
+
+}  // namespace conmuta::capture

@@ -1,0 +1,24 @@
+#include "capture/store_address.h"
+
+#include "capture/odbc_database.h"
+#include "capture/sqlite_database.h"
+
+namespace conmuta::capture {
+
+std::filesystem::path PathOf(const std::string& utf8) {
+  return std::u8string(utf8.begin(), utf8.end());
+}
+
+OpenDatabase OpenerForWriting(const std::string& address, Messages& messages) {
+  if (IsOdbcAddress(address)) return [address](Thoroughness) { return OpenOdbc(address); };
+  return [path = PathOf(address), &messages](Thoroughness thoroughness) {
+    return OpenSqliteOrSetAside(path, thoroughness, messages);
+  };
+}
+
+std::unique_ptr<Database> OpenForReading(const std::string& address) {
+  if (IsOdbcAddress(address)) return OpenOdbc(address);
+  return OpenSqlite(PathOf(address), Access::kReadOnly, Thoroughness::kQuick);
+}
+
+}  // namespace conmuta::capture

@@ -1,0 +1,21 @@
+// Which store, as a person names it.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "capture/database.h"
+#include "capture/messages.h"
+
+namespace conmuta::capture {
+
+// A path of the system, from UTF-8.
+std::filesystem::path PathOf(const std::string& utf8);
+
+// Writing into a store: one that is damaged is set aside.
+OpenDatabase OpenerForWriting(const std::string& address, Messages& messages);
+
+// Opens a store that is there. StoreError.
+std::unique_ptr<Database> OpenForReading(const std::string& address);
+
+}  // namespace conmuta::capture

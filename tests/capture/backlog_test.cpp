@@ -1,0 +1,183 @@
+// Lines that the store does not take wait, and all of them get there once.
+#include "capture/backlog.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "capture/faulty_files.h"
+#include "capture/line_bench.h"
+#include "capture/writer.h"
+#include "support/temporary_folder.h"
+
+namespace conmuta::capture {
+namespace {
+
+using namespace std::chrono_literals;
+using test::FaultyFiles;
+
+struct WriterBench {
+  explicit WriterBench(const char* spill_files = nullptr) {
+    limits.lines = 7;
+    limits.delay = 1ms;
+    limits.first_pause = limits.longest_pause = 20ms;
+    limits.spill_after = 0ms;
+    memory.memory = 2000;
+    memory.refuse = 6000;
+    open_spill = [this, spill_files](Thoroughness thoroughness) {
+      return OpenSqliteOrSetAside(folder.path() / "derrame.db", thoroughness, messages,
+                                  spill_files != nullptr ? spill_files : quick.name());
+    };
+  }
+
+  // A capture as it is from a start to an end.
+  struct Capture {
+    explicit Capture(WriterBench& bench, const char* files)
+        : recorder({{"centro", bench.pbx.name, &bench.pbx.config}},
+                   [&bench, files](Thoroughness thoroughness) {
+                     return OpenSqliteOrSetAside(bench.path, thoroughness, bench.messages,
+                                                 files != nullptr ? files : bench.quick.name());
+                   }),
+          backlog({"centro"}, bench.open_spill, bench.memory, bench.messages,
+                  [] { return test::kReceived; }),
+          writer(backlog, recorder, bench.limits, bench.messages) {
+      recorder.Open(Thoroughness::kQuick);
+      recorder.CatchUp();
+      backlog.ContinueFrom(0, recorder.Row(0).last);
+    }
+    void Put(const std::string& line, bool can_wait = false) {
+      backlog.Put(0, line, Wholeness::kWhole, {}, can_wait);
+    }
+
+    Recorder recorder;
+    Backlog backlog;
+    Writer writer;
+  };
+
+  void ExpectAll(std::size_t count) {
+    test::ExpectAllKept(
+        path, "centro", pbx.config,
+        {pbx.lines.begin(), pbx.lines.begin() + static_cast<std::ptrdiff_t>(count)});
+  }
+  std::int64_t Counted(Incident incident) {
+    return test::ReadStore(path, "centro").summary.incidents[incident];
+  }
+
+  test::Switch pbx{"nortel-meridian"};
+  FaultyFiles quick;  // does not wait for the disk
+  test::TemporaryFolder folder;
+  std::filesystem::path path = folder.path() / "lineas.db";
+  std::ostringstream told;
+  Messages messages{told};
+  Writer::Limits limits;
+  Backlog::Limits memory;
+  OpenDatabase open_spill;
+};
+
+TEST(WriterOfLines, WritesAllBeforeItStops) {
+  WriterBench bench;
+  WriterBench::Capture capture(bench, nullptr);
+  capture.writer.Start();
+  for (const std::string& line : bench.pbx.lines) capture.Put(line);
+  EXPECT_TRUE(capture.writer.Stop());
+  bench.ExpectAll(bench.pbx.lines.size());
+  EXPECT_EQ(bench.told.str(), "");
+}
+
+TEST(WriterOfLines, StoreThatFailsForAWhileGetsAllOfThemOnce) {
+  WriterBench bench;
+  FaultyFiles files;
+  {
+    WriterBench::Capture capture(bench, files.name());
+    files.FailAfter(3, SQLITE_FULL, true);
+    capture.writer.Start();
+    for (const std::string& line : bench.pbx.lines) capture.Put(line);
+    std::this_thread::sleep_for(100ms);
+    files.StopFailing();
+    EXPECT_TRUE(capture.writer.Stop());
+  }
+  EXPECT_GT(files.failures(), 0);
+  bench.ExpectAll(bench.pbx.lines.size());
+  EXPECT_GT(bench.Counted(Incident::kSpilled), 0);
+  EXPECT_NE(bench.told.str().find("el almacén no toma líneas"), std::string::npos);
+  EXPECT_NE(bench.told.str().find("vuelve a tomar"), std::string::npos);
+}
+
+TEST(WriterOfLines, WhatTheStoreDidNotTakeIsThereAtTheNextStart) {
+  WriterBench bench;
+  const std::size_t half = bench.pbx.lines.size() / 2;
+  {
+    FaultyFiles files;
+    WriterBench::Capture capture(bench, files.name());
+    files.FailAfter(5, SQLITE_IOERR_WRITE, true);
+    capture.writer.Start();
+    for (std::size_t i = 0; i < half; ++i) capture.Put(bench.pbx.lines[i]);
+    EXPECT_TRUE(capture.writer.Stop());
+  }
+  {
+    WriterBench::Capture capture(bench, nullptr);
+    capture.writer.Start();
+    for (std::size_t i = half; i < bench.pbx.lines.size(); ++i) capture.Put(bench.pbx.lines[i]);
+    EXPECT_TRUE(capture.writer.Stop());
+  }
+  bench.ExpectAll(bench.pbx.lines.size());
+}
+
+TEST(WriterOfLines, SaysSoWhenNothingTakesTheLines) {
+  FaultyFiles spill_files;
+  WriterBench bench(spill_files.name());
+  FaultyFiles files;
+  WriterBench::Capture capture(bench, files.name());
+  files.FailAfter(0, SQLITE_FULL, true);
+  spill_files.FailAfter(0, SQLITE_FULL, true);
+  capture.writer.Start();
+  for (const std::string& line : bench.pbx.lines) capture.Put(line);
+  EXPECT_FALSE(capture.writer.Stop());
+  EXPECT_NE(bench.told.str().find("se pierden"), std::string::npos);
+}
+
+TEST(BacklogOfLines, WhoCanWaitIsAskedToAndNothingIsSpilled) {
+  WriterBench bench;
+  WriterBench::Capture capture(bench, nullptr);
+  std::size_t count = 0;
+  while (!capture.backlog.MustWait()) capture.Put(bench.pbx.lines[count++], true);
+  EXPECT_GT(count, 3u);
+  capture.Put(bench.pbx.lines[count++], true);
+  EXPECT_EQ(capture.backlog.waiting(), count);
+  capture.writer.Start();
+  EXPECT_TRUE(capture.writer.Stop());
+  EXPECT_FALSE(capture.backlog.MustWait());
+  bench.ExpectAll(count);
+  EXPECT_EQ(bench.Counted(Incident::kSpilled), 0);
+}
+
+TEST(BacklogOfLines, WhoCannotWaitIsSpilledAndKeptInOrder) {
+  WriterBench bench;
+  WriterBench::Capture capture(bench, nullptr);
+  for (const std::string& line : bench.pbx.lines) capture.Put(line, false);
+  EXPECT_LT(capture.backlog.waiting(), bench.pbx.lines.size());
+  capture.writer.Start();
+  EXPECT_TRUE(capture.writer.Stop());
+  bench.ExpectAll(bench.pbx.lines.size());
+  EXPECT_GT(bench.Counted(Incident::kSpilled), 0);
+}
+
+TEST(BacklogOfLines, LinesBeyondAllMemoryAreCountedAsLost) {
+  FaultyFiles spill_files;
+  WriterBench bench(spill_files.name());
+  WriterBench::Capture capture(bench, nullptr);
+  spill_files.FailAfter(0, SQLITE_FULL, true);
+  for (int i = 0; i < 10; ++i) {
+    for (const std::string& line : bench.pbx.lines) capture.Put(line, false);
+  }
+  const auto kept = static_cast<std::int64_t>(capture.backlog.waiting());
+  spill_files.StopFailing();
+  capture.writer.Start();
+  EXPECT_TRUE(capture.writer.Stop());
+  const auto sent = static_cast<std::int64_t>(10 * bench.pbx.lines.size());
+  EXPECT_EQ(bench.Counted(Incident::kLost), sent - kept);
+  EXPECT_EQ(test::ReadStore(bench.path, "centro").summary.lines, kept);
+}
+
+}  // namespace
+}  // namespace conmuta::capture
