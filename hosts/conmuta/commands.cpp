@@ -10,13 +10,17 @@ extern const Command kDescompila;
 extern const Command kInforme;
 extern const Command kCable;
 extern const Command kCatalogo;
+extern const Command kCaptura;
+extern const Command kEstado;
+extern const Command kReprocesa;
+extern const Command kExporta;
 extern const Command kCompleta;
 
 namespace {
 
 constexpr const Command* kCommands[] = {
-    &kTraduce, &kExplica, &kAdivina,  &kCompila,  &kDescompila,
-    &kInforme, &kCable,   &kCatalogo, &kCompleta,
+    &kTraduce,  &kExplica, &kAdivina, &kCompila,   &kDescompila, &kInforme,  &kCable,
+    &kCatalogo, &kCaptura, &kEstado,  &kReprocesa, &kExporta,    &kCompleta,
 };
 
 }  // namespace

@@ -51,9 +51,10 @@ std::string Row(const std::string& name, std::string_view help) {
   return row + text.substr(kColumn);
 }
 
-constexpr std::string_view kExitCodes =
-    "Termina con 0; con 1 si alguna línea dio error; con 2 si los argumentos o los archivos no "
-    "sirven.\n";
+std::string ExitCodes(std::string_view one) {
+  return "Termina con 0; con 1 " + std::string(one) +
+         "; con 2 si los argumentos o los archivos no sirven.\n";
+}
 
 }  // namespace
 
@@ -98,7 +99,7 @@ std::string HelpText() {
       text += "  " + std::string(command->examples.front().line) + '\n';
     }
   }
-  return text += '\n' + Wrapped(kExitCodes, 0);
+  return text += '\n' + Wrapped(ExitCodes("si alguna línea dio error"), 0);
 }
 
 std::string HelpText(const Command& command) {
@@ -114,7 +115,7 @@ std::string HelpText(const Command& command) {
   for (const Example& example : command.examples) {
     text += "  " + std::string(example.line) + '\n' + Wrapped(example.what, 6);
   }
-  return text += '\n' + Wrapped(kExitCodes, 0);
+  return text += '\n' + Wrapped(ExitCodes(command.one), 0);
 }
 
 }  // namespace conmuta::host

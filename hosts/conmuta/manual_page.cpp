@@ -62,7 +62,7 @@ std::string ManualPage() {
   return page +
          ".SH ESTADO DE SALIDA\n"
          ".TP\n0\nTodo se hizo.\n"
-         ".TP\n1\nAlguna línea dio error.\n"
+         ".TP\n1\nAlguna línea dio error; en las órdenes de la captura, lo que cada una dice.\n"
          ".TP\n2\nLos argumentos o los archivos no sirven.\n";
 }
 

@@ -1,0 +1,20 @@
+// What the commands of the capture have in common: which store, which layouts.
+#pragma once
+
+#include "config/clsCfgConmut.h"
+#include "conmuta/command.h"
+
+namespace conmuta::host {
+
+inline constexpr Option kStoreOption = {
+    "--almacen",
+    "-a",
+    "ALMACEN",
+    "El archivo del almacén, o la conexión ODBC de una base PostgreSQL. Si no se da, conmuta.db.",
+    "",
+    Offers::kFiles};
+
+// A LAYOUT as a person names it, made the configuration. UserError.
+void LoadNamedLayout(const std::string& name, clsCfgConmut& config);
+
+}  // namespace conmuta::host
