@@ -63,7 +63,7 @@ std::string Shown(const faults::Holdings& held) {
 
 // At most so many, drawn at random, unless all are wanted.
 std::vector<Fault> Sample(std::vector<Fault> faults) {
-  constexpr std::size_t kMost = 60;
+  constexpr std::size_t kMost = 24;
   if (faults.size() <= kMost || Environment("CONMUTA_FAULTS") == "all") return faults;
   const auto seed = static_cast<unsigned>(::testing::UnitTest::GetInstance()->random_seed());
   std::printf("seed %u: %u of %u rounds (CONMUTA_FAULTS=all for all)\n", seed,
