@@ -71,6 +71,10 @@ inline Type TypeOf(const char16_t* line) {
   return line[2] == u'/' || line[1] == u'/' ? Type::kUnrecognised : Type::kOutgoing;
 }
 
+inline Transfer TransferOf(const char16_t* line) {
+  return Stands(u"TR", line + 77) ? Transfer::kBegins : Transfer::kNone;
+}
+
 }  // namespace
 
 Parser::Parser(const Date& today) : today_(today) {
@@ -96,7 +100,7 @@ const Call& Parser::Parse(std::u16string_view raw) {
     line = filled.data();
   }
 
-  call_.transferred = false;
+  call_.transfer = Transfer::kNone;
   call_.phone.size = call_.caller.size = call_.callee.size = 0;
   if (raw.empty()) {
     call_ = Call();
@@ -121,13 +125,17 @@ const Call& Parser::Parse(std::u16string_view raw) {
   call_.type = HasDigit(raw) ? TypeOf(line) : Type::kOutgoing;
   switch (call_.type) {
     case Type::kIncoming:
-      call_.transferred = Stands(u"TR", line + 77);
+      call_.transfer = TransferOf(line);
       KeepDigits<25>(line + 26, call_.phone);
       KeepDigits<2>(line + 23, call_.caller);
       KeepDigits<5>(line + 17, call_.callee);
       break;
     case Type::kOutgoing:
-      call_.transferred = Stands(u"TR", line + 77);
+      call_.transfer = TransferOf(line);
+      if (call_.transfer == Transfer::kNone && line[3] == u'/') [[unlikely]] {
+        call_.transfer = Transfer::kEnds;
+        break;
+      }
       KeepDigits<25>(line + 26, call_.phone);
       KeepDigits<5>(line + 17, call_.caller);
       KeepDigits<2>(line + 23, call_.callee);

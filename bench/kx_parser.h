@@ -18,6 +18,8 @@ struct Date {
 
 enum class Type : std::uint8_t { kNone = 1, kIncoming, kOutgoing, kInternal, kUnrecognised };
 
+enum class Transfer : std::uint8_t { kNone, kBegins, kEnds };
+
 template <std::size_t kMost>
 struct Digits {
   std::size_t size = 0;
@@ -37,7 +39,7 @@ struct Call {
   int duration = 0;  // seconds
   int ring = 0;      // seconds
   Type type = Type::kNone;
-  bool transferred = false;
+  Transfer transfer = Transfer::kNone;
   Digits<25> phone;
   Digits<5> caller;
   Digits<5> callee;

@@ -12,6 +12,17 @@
 namespace conmuta::bench {
 namespace {
 
+emAtributosLlamadas AttributeOf(kx::Transfer transfer) {
+  switch (transfer) {
+    case kx::Transfer::kBegins:
+      return emAtributoIniTransferida;
+    case kx::Transfer::kEnds:
+      return emAtributoFinTransferida;
+    default:
+      return emSinAtributo;
+  }
+}
+
 bool Same(const clsLlamadaTRD& a, const kx::Call& b) {
   return a.Anio(emParamFecha) == b.year && a.Mes(emParamFecha) == b.month &&
          a.Dia(emParamFecha) == b.day && a.Horas(emParamFecha) == b.hour &&
@@ -19,10 +30,9 @@ bool Same(const clsLlamadaTRD& a, const kx::Call& b) {
          a.Anio(emParamDuracion) == 0 && a.Mes(emParamDuracion) == 0 &&
          a.Dia(emParamDuracion) == 0 && a.Duracion() == b.duration && a.Ring() == b.ring &&
          a.TipoLlamada() == static_cast<emTiposLlamadas>(b.type) &&
-         a.Atributos() == (b.transferred ? emAtributoIniTransferida : emSinAtributo) &&
-         a.Telefono() == b.phone.view() && a.Emisor() == b.caller.view() &&
-         a.Receptor() == b.callee.view() && a.CodigoCuenta() == b.account.view() &&
-         a.ExtensionTransferida().empty();
+         a.Atributos() == AttributeOf(b.transfer) && a.Telefono() == b.phone.view() &&
+         a.Emisor() == b.caller.view() && a.Receptor() == b.callee.view() &&
+         a.CodigoCuenta() == b.account.view() && a.ExtensionTransferida().empty();
 }
 
 kx::Date Today() {
