@@ -23,6 +23,7 @@ inline std::optional<int> ReadDigitsOnly(TextView text) {
 // Whether there is such a day.
 inline bool IsInCalendar(CivilDate date) {
   if (date.month < 1 || date.month > 12 || date.day < 1 || date.day > 31) return false;
+  if (date.day <= 28 && date.year >= 1900 && date.year <= 9999) return true;
   const auto number = TryDayNumber(date.year, date.month, date.day);
   return number && DateOfDayNumber(*number).month == date.month;
 }

@@ -29,9 +29,15 @@ struct Moment {
 
 Moment MomentOf(const clsLlamadaTRD& call);
 
-// When the call began: the record's moment, or where that is the end, as long before as the call
-// lasted and, if it came in, rang. Nothing where the layout does not say what its time is, or the
-// moment is none of the calendar, or the duration is not known.
-std::optional<Moment> BeginningOf(const clsLlamadaTRD& call, layouts::Sheet::TimeOf time_of);
+// When a call was, and how long.
+struct CallTimes {
+  Moment printed;
+  std::optional<std::int32_t> duration;  // seconds; nothing when it is not known
+  // The moment at which it began: the printed one, or where that is the end, as long before as the
+  // call lasted and, if it came in, rang. Nothing where the layout does not say what its time is,
+  // or the moment is none of the calendar, or the duration is not known.
+  std::optional<Moment> beginning;
+};
+CallTimes TimesOf(const clsLlamadaTRD& call, layouts::Sheet::TimeOf time_of);
 
 }  // namespace conmuta::host

@@ -58,21 +58,21 @@ class Csv final : public RowFormat {
   };
 
   char* PutCall(char* at, const clsLlamadaTRD& call, layouts::Sheet::TimeOf time_of) const {
-    const Moment moment = MomentOf(call);
+    const CallTimes times = TimesOf(call, time_of);
     at = PutField(at, TypeWord(call.TipoLlamada()));
     at = PutField(at, TransferWord(call.Atributos()));
-    at = PutDate(at, moment);
+    at = PutDate(at, times.printed);
     *at++ = ',';
-    at = PutTime(at, moment);
+    at = PutTime(at, times.printed);
     *at++ = ',';
-    if (const auto beginning = BeginningOf(call, time_of)) {
-      at = PutDate(at, *beginning);
+    if (times.beginning) {
+      at = PutDate(at, *times.beginning);
       *at++ = 'T';
-      at = PutTime(at, *beginning);
+      at = PutTime(at, *times.beginning);
     }
     *at++ = ',';
-    if (const auto duration = layouts::KnownDuration(call)) {
-      at = PutNumber(at, static_cast<std::uint64_t>(*duration));
+    if (times.duration) {
+      at = PutNumber(at, static_cast<std::uint64_t>(*times.duration));
     }
     *at++ = ',';
     at = PutNumber(at, static_cast<std::uint64_t>(call.Ring()));

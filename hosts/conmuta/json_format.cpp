@@ -65,24 +65,24 @@ class JsonLines final : public RowFormat {
   };
 
   static char* PutCall(char* at, const clsLlamadaTRD& call, layouts::Sheet::TimeOf time_of) {
-    const Moment moment = MomentOf(call);
+    const CallTimes times = TimesOf(call, time_of);
     at = PutWord(at, ",\"tipo\":", TypeWord(call.TipoLlamada()));
     at = PutWord(at, ",\"transferencia\":", TransferWord(call.Atributos()));
-    at = PutDate(Put(at, ",\"fecha\":\""), moment);
-    at = PutTime(Put(at, "\",\"hora\":\""), moment);
+    at = PutDate(Put(at, ",\"fecha\":\""), times.printed);
+    at = PutTime(Put(at, "\",\"hora\":\""), times.printed);
     at = Put(at, "\",\"inicio\":");
-    if (const auto beginning = BeginningOf(call, time_of)) {
+    if (times.beginning) {
       *at++ = '"';
-      at = PutDate(at, *beginning);
+      at = PutDate(at, *times.beginning);
       *at++ = 'T';
-      at = PutTime(at, *beginning);
+      at = PutTime(at, *times.beginning);
       *at++ = '"';
     } else {
       at = Put(at, "null");
     }
     at = Put(at, ",\"duracion_s\":");
-    const auto duration = layouts::KnownDuration(call);
-    at = duration ? PutNumber(at, static_cast<std::uint64_t>(*duration)) : Put(at, "null");
+    at = times.duration ? PutNumber(at, static_cast<std::uint64_t>(*times.duration))
+                        : Put(at, "null");
     at = PutNumber(Put(at, ",\"timbre_s\":"), static_cast<std::uint64_t>(call.Ring()));
     at = PutText(at, ",\"emisor\":", call.Emisor());
     at = PutText(at, ",\"receptor\":", call.Receptor());

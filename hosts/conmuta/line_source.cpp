@@ -1,15 +1,26 @@
 #include "conmuta/line_source.h"
 
+#include <algorithm>
+
 #include "conmuta/day.h"
 
 namespace conmuta::host {
 
 std::size_t LineSource::Fill() {
   // What is there, without waiting until the room is full: a switch prints when somebody hangs up.
-  if (bytes_.peek() == std::istream::traits_type::eof()) return 0;
-  const auto count = bytes_.readsome(chunk_.data(), static_cast<std::streamsize>(chunk_.size()));
-  bytes_read_ += static_cast<std::uint64_t>(count);
-  return static_cast<std::size_t>(count);
+  // Of a file all of it is, and comes without going through the stream's own, smaller room.
+  const auto room = static_cast<std::streamsize>(chunk_.size());
+  const std::streamsize ready = bytes_.good() ? bytes_.rdbuf()->in_avail() : 0;
+  if (ready > 0) {
+    bytes_.read(chunk_.data(), std::min(ready, room));
+  } else if (bytes_.peek() == std::istream::traits_type::eof()) {
+    return 0;
+  } else {
+    bytes_.readsome(chunk_.data(), room);
+  }
+  const auto count = static_cast<std::size_t>(bytes_.gcount());
+  bytes_read_ += count;
+  return count;
 }
 
 bool LineSource::TakeHead(std::string_view line) {
