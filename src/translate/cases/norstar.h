@@ -15,9 +15,7 @@ class Norstar {
 
   // Whether a call is being put together. One that was given up waits, too: the next separator may
   // deliver it.
-  bool Waits() const {
-    return block_is_open_ || block_call_.TipoLlamada() != emLlamadaIndefinida;
-  }
+  bool Waits() const { return block_is_open_ || block_call_.TipoLlamada() != emLlamadaIndefinida; }
 
  private:
   template <class Watch>
