@@ -13,7 +13,8 @@ class NativePath {
  public:
   explicit NativePath(TextView path) {
     const auto length = path.find(kNul) == TextView::npos ? ToUtf8(path, path_) : std::nullopt;
-    path_[length && *length < path_.size() ? *length : 0] = '\0';
+    const std::size_t end = length.value_or(path_.size());
+    path_[end < path_.size() ? end : 0] = '\0';
   }
   const char* get() const { return path_.data(); }
 
