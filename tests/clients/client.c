@@ -6,7 +6,7 @@
 #include <stdlib.h>
 #include <string.h>
 
-#include "component/conmuta_idl.h"
+#include "conmuta.h"
 
 /* Ends the program on a failure that nothing below expects. */
 static void Check(HRESULT result) {

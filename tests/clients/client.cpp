@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "component/conmuta_idl.h"
+#include "conmuta.h"
 
 namespace {
 
