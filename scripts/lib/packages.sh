@@ -99,7 +99,7 @@ make_deb() {
   local source=$stage/source depends
   mkdir -p "$source/debian"
   echo 'Source: conmuta' >"$source/debian/control"
-  depends=$(cd "$source" && dpkg-shlibdeps -O "$root"/usr/bin/*)
+  depends=$(cd "$source" && dpkg-shlibdeps --warnings=0 -O "$root"/usr/bin/*)
   local control=$stage/control
   cp -a "$root" "$control"
   mkdir "$control/DEBIAN"

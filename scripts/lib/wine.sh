@@ -26,16 +26,32 @@ wine_system() {
   fi
 }
 
-# Replaces this process by the given script and arguments, in a mount namespace where the /usr of
-# the system with the wanted Wine lies over the machine's own; in the second round, or where that is
-# the machine's own, just returns. All else (the project, /tmp, homes, /proc, /dev) stays where it
-# is, so every system sees the same files under the same paths, and nothing stays mounted when the
+# enter_system SIZE SCRIPT ARGUMENT...: for programs of a size. Replaces this process by the given
+# script and arguments, in a mount namespace where the /usr of the system with the wanted Wine lies over
+# the machine's own; in the second round, or where that is the machine's own, just returns.
+enter_system() {
+  local system
+  system=$(wine_system "$1") || exit
+  # shellcheck disable=SC2016  # for the shell inside
+  enter "$system" 'mount --rbind "$CONMUTA_INSIDE/usr" /usr' "${@:2}"
+}
+
+# enter_windows SCRIPT ARGUMENT...: likewise, for a whole Windows: that of 64 bits runs 32-bit programs,
+# too. The /usr of the 32-bit system lies under the machine's own, whose other programs stay.
+enter_windows() {
+  local system
+  system=$(wine_system win32) || exit
+  # shellcheck disable=SC2016  # for the shell inside
+  enter "$system" 'mount -t overlay overlay -o "lowerdir=/usr:$CONMUTA_INSIDE/usr" /usr' "$@"
+}
+
+# enter SYSTEM MOUNT SCRIPT ARGUMENT...: all but /usr (the project, /tmp, homes, /proc, /dev) stays where
+# it is, so every system sees the same files under the same paths, and nothing stays mounted when the
 # last process of the namespace has ended. Wineserver opens files on its clients' behalf and serves
 # later namespaces too, so they must not differ.
-enter_system() {
-  local size=$1 system
-  shift
-  system=$(wine_system "$size") || exit
+enter() {
+  local system=$1 mount=$2
+  shift 2
   if [[ -z $system || ${CONMUTA_INSIDE:-} == "$system" ]]; then
     unset CONMUTA_INSIDE
     return 0
@@ -46,8 +62,9 @@ enter_system() {
   local namespace=(--mount --propagation private)
   # A user namespace gives others than root the right to mount for themselves.
   ((EUID == 0)) || namespace+=(--map-current-user --keep-caps)
+  # shellcheck disable=SC2016
   CONMUTA_INSIDE=$system exec unshare "${namespace[@]}" -- \
-    /bin/bash -c 'mount --rbind "$CONMUTA_INSIDE/usr" /usr && exec /bin/bash "$@"' bash "$@"
+    /bin/bash -c "$mount"' && exec /bin/bash "$@"' bash "$@"
 }
 
 # use_wine SIZE PREFIX: says which Wine it is, in $wine and the environment. Each Wine has prefixes
