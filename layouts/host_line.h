@@ -9,14 +9,14 @@ namespace conmuta::layouts {
 
 // Whether a byte has a column of its own.
 constexpr bool IsPrinted(char c) {
-  return static_cast<unsigned char>(c) >= ' ';
+  return static_cast<unsigned char>(c) >= ' ' && c != '\x7F';
 }
 
 // Cuts what a switch sends into lines, in whatever pieces it comes. A line ends with LF. The CR
-// before it, and with it all other bytes below 32 (NUL, XON, XOFF, DLE, form feed...), are dropped:
-// they stand between and within the columns of a line without being printed. What a line has beyond
-// kMost bytes is dropped, too: no layout reads so far, and a line that never ends must not fill the
-// memory.
+// before it, and with it all other bytes below 32 (NUL, XON, XOFF, DLE, form feed...) and DEL, are
+// dropped: they stand between and within the columns of a line without being printed. What a line
+// has beyond kMost bytes is dropped, too: no layout reads so far, and a line that never ends must
+// not fill the memory.
 class HostLines {
  public:
   static constexpr std::size_t kMost = 65536;
@@ -48,8 +48,12 @@ class HostLines {
   // the processor looks at many bytes at once.
   static bool IsPrinted(std::string_view bytes) {
     unsigned char lowest = ' ';
-    for (const char c : bytes) lowest = std::min(lowest, static_cast<unsigned char>(c));
-    return lowest == ' ';
+    bool has_delete = false;
+    for (const char c : bytes) {
+      lowest = std::min(lowest, static_cast<unsigned char>(c));
+      has_delete |= c == '\x7F';
+    }
+    return lowest == ' ' && !has_delete;
   }
 
   void Keep(std::string_view bytes) {

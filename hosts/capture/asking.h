@@ -37,6 +37,7 @@ struct ExportOptions {
   std::int64_t first_day = 0;  // yyyymmdd, both included
   std::int64_t last_day = 99999999;
   ExportFormat format = ExportFormat::kCsv;
+  bool to_terminal = false;  // nothing that would steer one is written to it
 };
 
 int Export(const ExportOptions& options, std::ostream& out, std::ostream& err);

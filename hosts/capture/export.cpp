@@ -60,6 +60,12 @@ std::string Field(const Json& value) {
   return quoted + '"';
 }
 
+void EscapeTexts(Json& row) {
+  for (Json& value : row) {
+    if (value.is_string()) value = Shown(value.get_ref<const std::string&>());
+  }
+}
+
 template <class Text>
 void WriteCsvLine(const Json& row, std::ostream& out, Text text) {
   const char* comma = "";
@@ -80,11 +86,12 @@ int Export(const ExportOptions& options, std::ostream& out, std::ostream& err) {
       WriteCsvLine(Row({}), out, [](const std::string& name, const Json&) { return name; });
     }
     store.Calls(options.source, options.first_day, options.last_day, [&](const StoredCall& call) {
-      const Json row = Row(call);
+      Json row = Row(call);
+      if (options.to_terminal) EscapeTexts(row);
       if (options.format == ExportFormat::kCsv) {
         WriteCsvLine(row, out, [](const std::string&, const Json& value) { return Field(value); });
       } else {
-        out << row.dump() << '\n';
+        out << row.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
       }
     });
     if (!out.flush()) {
@@ -93,7 +100,7 @@ int Export(const ExportOptions& options, std::ostream& out, std::ostream& err) {
     }
     return kDone;
   } catch (const StoreError& error) {
-    messages.Tell("no se puede leer el almacén " + options.store + ": " + error.what());
+    messages.Tell("no se puede leer el almacén " + ShownStore(options.store) + ": " + error.what());
     return kFailed;
   }
 }

@@ -67,7 +67,13 @@ bool GrowingFile::Poll(const Line& line) {
   }
   if (file_.Size() >= offset_ && ReadNext(line)) return true;
   SharedFile present;
-  if (!present.Open(path_) || !IsAnother(present)) return false;
+  if (!present.Open(path_)) return false;
+  if (offset_ == 0) {
+    // Of one that nothing was read of yet, nobody can tell whether it was replaced.
+    file_.Swap(present);
+    return file_.Size() > 0 && ReadNext(line);
+  }
+  if (!IsAnother(present)) return false;
   // The last look at the one that was: something may have been written before it was renamed.
   if (file_.Size() >= offset_ && ReadNext(line)) return true;
   if (std::string rest = cutter_.TakeRest(); !rest.empty()) {

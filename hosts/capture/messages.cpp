@@ -30,7 +30,13 @@ std::string Escaped(std::string_view bytes) {
 }
 
 std::string Shown(std::string_view utf8) {
-  return EscapedBut(utf8, [](unsigned char code) { return code >= 0x20 && code != 0x7F; });
+  // The controls behind DEL are two bytes each, C2 and 80 to 9F.
+  unsigned char before = 0;
+  return EscapedBut(utf8, [&before](unsigned char code) {
+    const bool is_control = before == 0xC2 && code >= 0x80 && code < 0xA0;
+    before = code;
+    return code >= 0x20 && code != 0x7F && !is_control;
+  });
 }
 
 void Messages::Tell(std::string_view sentence) {

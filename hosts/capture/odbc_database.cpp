@@ -226,10 +226,11 @@ class OdbcDatabase final : public Database {
     SetAutocommit(true);
   }
   void SetAutocommit(bool on) const {
-    connection_.Check(SQLSetConnectAttr(connection_.get(), SQL_ATTR_AUTOCOMMIT,
-                                        reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(
-                                            on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF)),
-                                        SQL_IS_UINTEGER));
+    const auto value = static_cast<SQLULEN>(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF);
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): ODBC takes numbers as pointers.
+    auto* number = reinterpret_cast<SQLPOINTER>(value);
+    connection_.Check(
+        SQLSetConnectAttr(connection_.get(), SQL_ATTR_AUTOCOMMIT, number, SQL_IS_UINTEGER));
   }
 
   Environment environment_;

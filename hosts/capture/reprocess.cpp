@@ -34,7 +34,8 @@ int Reprocess(const ReprocessOptions& options, const LoadLayout& load, std::ostr
     recorder.TranslateAnew();
     return kDone;
   } catch (const StoreError& error) {
-    messages.Tell("no se puede traducir el almacén " + options.store + ": " + error.what());
+    messages.Tell("no se puede traducir el almacén " + ShownStore(options.store) + ": " +
+                  error.what());
     return kFailed;
   }
 }

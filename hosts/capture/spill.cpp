@@ -2,7 +2,7 @@
 
 namespace conmuta::capture {
 
-Spill::Spill(std::vector<std::string> sources, OpenDatabase open)
+Spill::Spill(std::vector<std::string> sources, const OpenDatabase& open)
     : names_(std::move(sources)), database_(open(Thoroughness::kChecked)), last_(names_.size()) {
   database_->Run(
       "CREATE TABLE IF NOT EXISTS derrame(fuente TEXT NOT NULL, numero BIGINT NOT NULL, "

@@ -14,7 +14,7 @@ namespace conmuta::capture {
 // Everything throws StoreError.
 class Spill {
  public:
-  Spill(std::vector<std::string> sources, OpenDatabase open);
+  Spill(std::vector<std::string> sources, const OpenDatabase& open);
 
   // All of them or none; those that are there already change nothing.
   void Add(std::span<const Arrival> lines);

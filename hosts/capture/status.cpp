@@ -75,7 +75,8 @@ int Status(const StatusOptions& options, std::ostream& out, std::ostream& err) {
     }
     return silent ? kFailed : kDone;
   } catch (const StoreError& error) {
-    Messages(err).Tell("no se puede leer el almacén " + options.store + ": " + error.what());
+    Messages(err).Tell("no se puede leer el almacén " + ShownStore(options.store) + ": " +
+                       error.what());
     return kFailed;
   }
 }

@@ -88,7 +88,21 @@ bool Store::Keep(std::int64_t source, const Received& line) {
   keep.Bind(2, line.time_ms);
   keep.Bind(3, static_cast<std::int64_t>(line.wholeness));
   keep.BindBytes(4, line.bytes);
-  return keep.Run() == 1;
+  if (keep.Run() == 1) return true;
+  if (!IsKept(source, line)) {
+    throw StoreError(StoreError::Kind::kFailed, "otra captura guarda líneas de la misma fuente");
+  }
+  return false;
+}
+
+bool Store::IsKept(std::int64_t source, const Received& line) {
+  Statement& there = Get("SELECT momento, bytes FROM lineas WHERE fuente = ? AND numero = ?");
+  there.Bind(0, source);
+  there.Bind(1, line.number);
+  const bool is_same =
+      there.Step() && there.Number(0) == line.time_ms && there.Bytes(1) == line.bytes;
+  there.Reset();
+  return is_same;
 }
 
 void Store::Place(std::int64_t source, const std::string& place) {

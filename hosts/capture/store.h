@@ -60,7 +60,8 @@ class Store {
   SourceRow Source(const std::string& name);
   std::vector<SourceRow> Sources();
 
-  // False when the line is there already.
+  // False when the line is there already; another one of its number is a StoreError, for then
+  // somebody else keeps lines of this source.
   bool Keep(std::int64_t source, const Received& line);
   void Place(std::int64_t source, const std::string& place);
   void Count(std::int64_t source, Incident incident, std::int64_t count);
@@ -80,6 +81,7 @@ class Store {
              const std::function<void(const StoredCall&)>& take);
 
  private:
+  bool IsKept(std::int64_t source, const Received& line);
   // Prepared once each, by their text.
   Statement& Get(const char* sql);
 

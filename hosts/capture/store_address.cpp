@@ -9,6 +9,10 @@ std::filesystem::path PathOf(const std::string& utf8) {
   return std::u8string(utf8.begin(), utf8.end());
 }
 
+std::string ShownStore(const std::string& address) {
+  return IsOdbcAddress(address) ? "de la base de datos" : address;
+}
+
 OpenDatabase OpenerForWriting(const std::string& address, Messages& messages) {
   if (IsOdbcAddress(address)) return [address](Thoroughness) { return OpenOdbc(address); };
   return [path = PathOf(address), &messages](Thoroughness thoroughness) {

@@ -12,6 +12,9 @@ namespace conmuta::capture {
 // A path of the system, from UTF-8.
 std::filesystem::path PathOf(const std::string& utf8);
 
+// What of an address may be shown: that of a database has a password in it.
+std::string ShownStore(const std::string& address);
+
 // Writing into a store: one that is damaged is set aside.
 OpenDatabase OpenerForWriting(const std::string& address, Messages& messages);
 

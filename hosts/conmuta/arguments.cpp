@@ -20,7 +20,7 @@ std::vector<std::string_view> Words(std::string_view text) {
   return words;
 }
 
-[[noreturn]] void Fail(const Command& command, std::string what) {
+[[noreturn]] void Fail(const Command& command, const std::string& what) {
   throw UserError(what + "\nconmuta " + std::string(command.name) + " --help dice cómo se usa.");
 }
 

@@ -11,7 +11,7 @@ void WriteConfigs(const std::vector<ConfigFile>& files, Existing existing) {
   for (const ConfigFile& file : files) CheckMayWrite(file.path, existing);
   for (const ConfigFile& file : files) {
     try {
-      MakeConfig(file.layout)->GuardarComo(file.path.u16string());
+      MakeConfig(file.layout)->GuardarComo(CorePath(file.path));
     } catch (const ConfigError& error) {
       throw UserError(ShownPath(file.path) +
                       ": no se puede escribir: " + Utf8(error.description()));

@@ -87,7 +87,8 @@ int RunExplica(const Arguments& arguments, Console& console) {
                             : ExplanationText(explanation, translator.InfoLlamada(),
                                               console.out_has_colours));
   };
-  while (lines.Next(take) && !(subject.line && is_found)) {
+  const auto arrived = [&clock] { clock.LookAgain(); };
+  while (lines.Next(take, arrived) && !(subject.line && is_found)) {
   }
   if (subject.line && !is_found) {
     throw UserError(ShownPath(PathOf(subject.file)) + ": no tiene una línea " +

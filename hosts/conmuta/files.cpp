@@ -60,6 +60,14 @@ fs::path PathOf(std::string_view argument) {
 #endif
 }
 
+Text CorePath(const fs::path& path) {
+  try {
+    return path.u16string();
+  } catch (const std::system_error&) {
+    Fail(path, "el nombre no es UTF-8");
+  }
+}
+
 std::string ShownPath(const fs::path& path) {
 #ifdef _WIN32
   return Shown(path.u16string());

@@ -8,11 +8,15 @@
 #include <string_view>
 
 #include "platform/calendar.h"
+#include "platform/text.h"
 
 namespace conmuta::host {
 
 // An argument, which is UTF-8, as a path, and a path as something to be shown.
 std::filesystem::path PathOf(std::string_view argument);
+// As the core takes names; UserError for one that has no letters.
+Text CorePath(const std::filesystem::path& path);
+
 std::string ShownPath(const std::filesystem::path& path);
 
 // All raise UserError, which names the file and what is the matter with it.

@@ -40,7 +40,7 @@ layouts::Layout ReadToml(std::string_view toml, const std::string& file) {
 std::string NameOf(const fs::path& path) {
   if (path.filename() != kLayoutFile) return ShownPath(path.stem());
   std::error_code ignored;
-  return ShownPath(fs::absolute(path, ignored).parent_path().filename());
+  return ShownPath(fs::absolute(path, ignored).lexically_normal().parent_path().filename());
 }
 
 NamedLayout FromTomlFile(const fs::path& path) {
@@ -51,12 +51,12 @@ std::unique_ptr<clsCfgConmut> OpenConfigFile(const fs::path& path) {
   OpenToRead(path);  // says what is the matter with it
   auto config = std::make_unique<clsCfgConmut>(SystemPlatform());
   try {
-    config->Abrir(path.u16string());
+    config->Abrir(CorePath(path));
     return config;
   } catch (const ConfigError&) {
   }
   try {
-    config->Importar(path.u16string());
+    config->Importar(CorePath(path));
   } catch (const ConfigError&) {
     throw UserError(ShownPath(path) + ": no es una configuración ni un archivo de intercambio");
   }

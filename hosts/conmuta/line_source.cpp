@@ -5,8 +5,19 @@
 #include "conmuta/day.h"
 
 namespace conmuta::host {
+namespace {
 
-std::size_t LineSource::Fill() {
+// How many bytes of a byte order mark the text begins with.
+std::size_t MarkOf(std::string_view bytes) {
+  for (const std::string_view mark : {"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"}) {
+    if (bytes.starts_with(mark)) return mark.size();
+  }
+  return 0;
+}
+
+}  // namespace
+
+std::string_view LineSource::Fill() {
   // What is there, without waiting until the room is full: a switch prints when somebody hangs up.
   // Of a file all of it is, and comes without going through the stream's own, smaller room.
   const auto room = static_cast<std::streamsize>(chunk_.size());
@@ -14,13 +25,15 @@ std::size_t LineSource::Fill() {
   if (ready > 0) {
     bytes_.read(chunk_.data(), std::min(ready, room));
   } else if (bytes_.peek() == std::istream::traits_type::eof()) {
-    return 0;
+    return {};
   } else {
     bytes_.readsome(chunk_.data(), room);
   }
-  const auto count = static_cast<std::size_t>(bytes_.gcount());
-  bytes_read_ += count;
-  return count;
+  std::string_view bytes(chunk_.data(), static_cast<std::size_t>(bytes_.gcount()));
+  if (bytes_read_ == 0) bytes.remove_prefix(MarkOf(bytes));
+  bytes_read_ += static_cast<std::uint64_t>(bytes_.gcount());
+  // A mark alone is not the end.
+  return bytes.empty() && bytes_.gcount() != 0 ? Fill() : bytes;
 }
 
 bool LineSource::TakeHead(std::string_view line) {

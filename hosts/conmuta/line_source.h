@@ -24,14 +24,20 @@ class LineSource {
   // then.
   template <class Line>
   bool Next(Line line) {
-    const std::size_t count = Fill();
+    return Next(line, [] {});
+  }
+  // The same; tells when bytes have come, before the first of their lines.
+  template <class Line, class Arrived>
+  bool Next(Line line, Arrived arrived) {
+    const std::string_view bytes = Fill();
+    arrived();
     const auto take = [&](std::string_view text) {
       ++number_;
       if (in_head_ && TakeHead(text)) return;
       line(number_, text);
     };
-    if (count != 0) {
-      lines_.Take({chunk_.data(), count}, take);
+    if (!bytes.empty()) {
+      lines_.Take(bytes, take);
       return true;
     }
     if (!lines_.rest().empty()) take(lines_.rest());
@@ -44,7 +50,8 @@ class LineSource {
   std::optional<CivilDate> date() const { return date_; }
 
  private:
-  std::size_t Fill();
+  // The next bytes, empty at the end; what a text editor writes in front of its first line is none.
+  std::string_view Fill();
   // Whether the line belongs to the head.
   bool TakeHead(std::string_view line);
 

@@ -53,6 +53,7 @@ int RunExporta(const Arguments& arguments, Console& console) {
   if (arguments.Value("--formato", "csv") == "json") {
     options.format = capture::ExportFormat::kJsonLines;
   }
+  options.to_terminal = console.out_is_terminal;
   return capture::Export(options, console.out, console.err);
 }
 

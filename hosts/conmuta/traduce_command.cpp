@@ -41,14 +41,31 @@ std::uint64_t BytesOf(const std::vector<std::string>& files) {
   return total;
 }
 
-// Every file can be opened before the first line is translated.
+// Every file can be opened before the first line is translated. (A pipe is opened once only:
+// whoever writes into it would be through with the first reader.)
 void CheckFiles(const std::vector<std::string>& files) {
   bool is_input_taken = false;
   for (const std::string& file : files) {
+    std::error_code ignored;
     if (file != "-") {
-      OpenToRead(PathOf(file));
+      const auto path = PathOf(file);
+      const auto status = std::filesystem::status(path, ignored);
+      if (!std::filesystem::exists(status) || std::filesystem::is_regular_file(status) ||
+          std::filesystem::is_directory(status)) {
+        OpenToRead(path);
+      }
     } else if (std::exchange(is_input_taken, true)) {
       throw UserError("La entrada estándar sólo se puede leer una vez.");
+    }
+  }
+}
+
+// Nothing that is read is written over.
+void CheckIsNoneOf(const std::string& output, const std::vector<std::string>& inputs) {
+  for (const std::string& input : inputs) {
+    std::error_code ignored;
+    if (input != "-" && std::filesystem::equivalent(PathOf(output), PathOf(input), ignored)) {
+      throw UserError("--salida: " + ShownPath(PathOf(output)) + " es también lo que se lee.");
     }
   }
 }
@@ -65,7 +82,9 @@ int RunTraduce(const Arguments& arguments, Console& console) {
   CheckFiles(files);
   std::optional<std::ofstream> written;
   if (arguments.Has("--salida")) {
-    written = OpenToWrite(PathOf(arguments.Value("--salida", "")), ExistingOf(arguments));
+    const std::string output = arguments.Value("--salida", "");
+    if (ExistingOf(arguments) != Existing::kStays) CheckIsNoneOf(output, arguments.operands());
+    written = OpenToWrite(PathOf(output), ExistingOf(arguments));
   }
   std::ostream& out = written ? *written : console.out;
   const bool is_quiet = arguments.Has("--callado");

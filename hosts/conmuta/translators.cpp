@@ -12,6 +12,12 @@ bool CanTranslate(NoCall reason) {
   return reason != NoCall::kIncompleteConfiguration && reason != NoCall::kNoTranslation;
 }
 
+// Whether the line is a call or goes into one: another layout must not make a call of it, too.
+bool IsUsed(const Verdict& verdict) {
+  return verdict.IsCall() || verdict.reason == NoCall::kBlockBegins ||
+         verdict.reason == NoCall::kPartOfBlock || verdict.reason == NoCall::kAccountCode;
+}
+
 }  // namespace
 
 Translators::Translators(std::span<const NamedLayout> layouts, const Clock& clock) {
@@ -32,10 +38,10 @@ Outcome Translators::Judge(TextView line, std::size_t layout) {
 
 Outcome Translators::Translate(TextView line) {
   const Outcome first = Judge(line, 0);
-  if (first.verdict.IsCall()) return first;
+  if (IsUsed(first.verdict)) return first;
   for (std::size_t i = 1; i < desks_.size(); ++i) {
     const Outcome made = Judge(line, i);
-    if (made.verdict.IsCall()) return made;
+    if (IsUsed(made.verdict)) return made;
   }
   return first;
 }

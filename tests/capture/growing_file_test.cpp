@@ -55,6 +55,15 @@ TEST_F(GrowingFileTest, GoesOnBehindTheLastWholeLineAfterARestart) {
   EXPECT_EQ(Lines(file), Texts{"tres"});
 }
 
+TEST_F(GrowingFileTest, OneThatIsReplacedWhileItIsEmptyIsReadOn) {
+  Append("");
+  GrowingFile file = Open();
+  EXPECT_EQ(Lines(file), Texts());
+  std::filesystem::rename(path_, folder_.path() / "yesterday.txt");
+  Append("uno\n");
+  EXPECT_EQ(Lines(file), Texts{"uno"});
+}
+
 TEST_F(GrowingFileTest, FileThatWasRenamedIsReadToItsEndFirst) {
   Append("uno\n");
   GrowingFile file = Open();

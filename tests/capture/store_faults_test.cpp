@@ -142,6 +142,28 @@ TEST(StoreAtRestart, LinesThatAreThereAlreadyChangeNothing) {
   bench.ExpectAll(bench.pbx.lines);
 }
 
+TEST(StoreOfTwoCaptures, LinesOfOneAreNotTakenForThoseOfTheOther) {
+  test::TemporaryFolder folder;
+  Store store(OpenSqlite(folder.path() / "a.db", Access::kReadWrite, Thoroughness::kQuick),
+              SchemaUse::kWrite);
+  const std::int64_t source = store.Source("centro").id;
+  Received line;
+  line.number = 1;
+  line.time_ms = 1000;
+  line.bytes = "uno";
+  EXPECT_TRUE(store.Keep(source, line));
+  EXPECT_FALSE(store.Keep(source, line));
+  line.bytes = "otro";
+  EXPECT_THROW(store.Keep(source, line), StoreError);
+}
+
+TEST(Shown, EscapesWhatSteersATerminal) {
+  EXPECT_EQ(Shown("a\x1B\x7F"
+                  "ñ"),
+            "a\\x1B\\x7Fñ");
+  EXPECT_EQ(Shown("\xC2\x9F").find('\x9F'), std::string::npos);
+}
+
 TEST(StoreThatIsDamaged, IsSetAsideUnderANameThatIsTold) {
   StoreBench bench("panasonic-kx");
   const std::string damaged =

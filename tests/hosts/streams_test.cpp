@@ -27,6 +27,17 @@ TEST(LineSource, GivesTheLastLineWithoutAnEnd) {
   EXPECT_EQ(lines.date()->day, 16);
 }
 
+// The day may be another one when the next line comes.
+TEST(LineSource, TellsThatBytesHaveComeBeforeTheirLines) {
+  std::istringstream bytes("a\nb\n");
+  LineSource lines(bytes);
+  std::string told;
+  while (lines.Next([&](std::uint64_t, std::string_view line) { told += line; },
+                    [&] { told += '!'; })) {
+  }
+  EXPECT_EQ(told, "!ab!");
+}
+
 TEST(LineSource, AnEmptyCaptureHasNoLine) {
   std::istringstream bytes("");
   LineSource lines(bytes);

@@ -128,6 +128,17 @@ TEST(Traduce, ControlBytesStandInNoColumn) {
   EXPECT_EQ(RunConmuta({"traduce", "-f", "csv", "panasonic-kx", "-"}, dirty).out, clean.out);
 }
 
+TEST(Traduce, AMarkInFrontOfTheFirstLineStandsInNoColumn) {
+  for (const char* mark : {"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"}) {
+    EXPECT_EQ(RunConmuta({"traduce", "-f", "csv", "panasonic-kx", "-"}, mark + kCall).out,
+              RunConmuta({"traduce", "-f", "csv", "panasonic-kx", "-"}, kCall).out);
+    EXPECT_EQ(RunConmuta({"traduce", "-q", "panasonic-kx", "-"},
+                         std::string(mark) + "# fuente: 1 2 3\n" + kNoCall)
+                  .out,
+              RunConmuta({"traduce", "-q", "panasonic-kx", "-"}, kNoCall).out);
+  }
+}
+
 TEST(Traduce, OnlyAHeadThatBeginsTheCaptureIsPassedOver) {
   const ProgramRun run = RunConmuta({"traduce", "-t", "-f", "json", "panasonic-kx", "-"},
                                     "# fecha: 2019-01-14\n# x: y\n" + kCall + "\n# z: 1\n");
@@ -234,6 +245,28 @@ TEST(Traduce, ALineIsTheFirstLayoutsThatMakesACallOfIt) {
   }
   const ProgramRun run = RunConmuta({"traduce", "altigen-out", "-"}, in + out);
   EXPECT_NE(run.err.find("llamadas por conmutador: altigen-out "), std::string::npos) << run.err;
+}
+
+TEST(Traduce, WhatGoesIntoACallOfOneLayoutIsNoCallOfAnother) {
+  const std::string capture =
+      "-------- 04/04/99 11:39:43 LINE = 0003 STN = 7425\n00:00:00   OUTGOING CALL\n"
+      "           DIGITS DIALED    5551212\n00:00:37   ACCOUNT CODE     87\n"
+      "00:12:59   CALL RELEASED\n";
+  const auto calls = [&](const std::string& layout) {
+    return LinesOf(RunConmuta({"traduce", "-q", "-f", "csv", layout, "-"}, capture).out).size();
+  };
+  EXPECT_EQ(calls("nortel-norstar+comdial-dx80"), calls("nortel-norstar"));
+}
+
+TEST(Traduce, NothingThatIsReadIsWrittenOver) {
+  test::TemporaryFolder folder;
+  const std::string file = (folder.path() / "capture.txt").string();
+  std::ofstream(file, std::ios::binary) << kCall;
+  const ProgramRun run =
+      RunConmuta({"traduce", "-q", "--reemplaza", "-o", file, "panasonic-kx", file});
+  EXPECT_EQ(run.code, 2);
+  EXPECT_NE(run.err.find("es también lo que se lee"), std::string::npos) << run.err;
+  EXPECT_EQ(ReadWhole(file), kCall);
 }
 
 TEST(Traduce, SeveralFilesInParallelComeOutInTheirOrder) {
