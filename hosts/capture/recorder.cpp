@@ -2,7 +2,8 @@
 
 namespace conmuta::capture {
 
-Recorder::Recorder(std::vector<SourceLayout> sources, OpenDatabase open) : open_(std::move(open)) {
+Recorder::Recorder(const std::vector<SourceLayout>& sources, OpenDatabase open)
+    : open_(std::move(open)) {
   for (const SourceLayout& source : sources) sources_.emplace_back(source);
 }
 

@@ -26,7 +26,7 @@ using Incidents = std::map<std::pair<std::size_t, Incident>, std::int64_t>;
 // translating again from the last line before which nothing waited.
 class Recorder {
  public:
-  Recorder(std::vector<SourceLayout> sources, OpenDatabase open);
+  Recorder(const std::vector<SourceLayout>& sources, OpenDatabase open);
 
   // Opens the store if it is not open. StoreError.
   void Open(Thoroughness thoroughness);

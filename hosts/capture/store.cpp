@@ -157,7 +157,7 @@ void Store::Conclude(std::int64_t source, std::int64_t number, const layouts::Ou
       "receptor, telefono, transferida, cuenta) VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
   add.Bind(0, source);
   add.Bind(1, number);
-  add.Bind(2, std::int64_t{call.year} * 10000 + call.month * 100 + call.day);
+  add.Bind(2, (std::int64_t{call.year} * 100 + call.month) * 100 + call.day);
   // Hours beyond a day are printed, too.
   add.Bind(3, SecondsOfDay(call.hours, call.minutes, call.seconds));
   add.Bind(4, call.type);
