@@ -22,9 +22,11 @@ Backlog::Backlog(std::vector<std::string> sources, OpenDatabase open_spill, Limi
       now_(std::move(now)),
       last_(names_.size()) {}
 
-void Backlog::ContinueFrom(std::size_t source, std::int64_t last) {
+std::string Backlog::ContinueFrom(std::size_t source, std::int64_t last, const std::string& place) {
   const std::lock_guard lock(mutex_);
-  last_[source] = std::max({last_[source], last, OpenSpill().Last(source)});
+  const Received& spilled = OpenSpill().Last(source);
+  last_[source] = std::max({last_[source], last, spilled.number});
+  return spilled.number > last && !spilled.place.empty() ? spilled.place : place;
 }
 
 bool Backlog::MustWait() const {
@@ -40,7 +42,7 @@ std::size_t Backlog::waiting() const {
 void Backlog::Put(std::size_t source, std::string bytes, Wholeness wholeness, std::string place,
                   bool can_wait) {
   const std::lock_guard lock(mutex_);
-  if (!can_wait && bytes_ >= limits_.memory && !SpillMemory({}) && bytes_ >= limits_.refuse) {
+  if (!can_wait && bytes_ >= limits_.memory && !SpillMemory() && bytes_ >= limits_.refuse) {
     ++incidents_[{source, Incident::kLost}];
     return;
   }
@@ -101,13 +103,14 @@ void Backlog::Done() {
   batch_ = {};
 }
 
-// What the writer has in hand comes first by its numbers, wherever it lies.
 bool Backlog::SpillAll() {
   const std::lock_guard lock(mutex_);
-  return SpillMemory(batch_.spilled ? std::vector<Arrival>() : batch_.lines);
+  return SpillMemory();
 }
 
-bool Backlog::SpillMemory(std::vector<Arrival> lines) {
+bool Backlog::SpillMemory() {
+  // What the writer has in hand comes first by its numbers, wherever it lies.
+  std::vector<Arrival> lines = batch_.spilled ? std::vector<Arrival>() : batch_.lines;
   lines.insert(lines.end(), memory_.begin(), memory_.end());
   if (lines.empty()) return true;
   try {

@@ -31,9 +31,10 @@ class Backlog {
   Backlog(std::vector<std::string> sources, OpenDatabase open_spill, Limits limits,
           Messages& messages, Now now);
 
-  // Before the first line: what number the store has last. What was spilled before counts, too.
-  // StoreError when that cannot be known.
-  void ContinueFrom(std::size_t source, std::int64_t last);
+  // Before the first line: what number the store has last, and the place of the source behind it.
+  // What was spilled before counts, too: gives the place to go on from. StoreError when that cannot
+  // be known.
+  std::string ContinueFrom(std::size_t source, std::int64_t last, const std::string& place);
 
   // Whether whoever can wait should.
   bool MustWait() const;
@@ -64,8 +65,9 @@ class Backlog {
   std::size_t waiting() const;
 
  private:
-  // These and those in memory.
-  bool SpillMemory(std::vector<Arrival> lines);
+  // With what the writer has in hand: a place in the spill must have nothing before it that is not
+  // on the disk.
+  bool SpillMemory();
   Spill& OpenSpill();
 
   mutable std::mutex mutex_;

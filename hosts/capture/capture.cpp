@@ -26,6 +26,7 @@ class Run {
       names_.push_back(source.name);
       layouts_.push_back({source.name, source.layout, &config});
     }
+    places_.resize(names_.size());
     const std::string spill = SpillAddress(options_);
     recorder_.emplace(layouts_, OpenerForWriting(options_.store, messages_));
     backlog_.emplace(names_, OpenerForWriting(spill, messages_), options_.backlog, messages_,
@@ -48,7 +49,8 @@ class Run {
     try {
       recorder_->Open(Thoroughness::kChecked);
       for (std::size_t i = 0; i < names_.size(); ++i) {
-        backlog_->ContinueFrom(i, recorder_->Row(i).last);
+        const SourceRow& row = recorder_->Row(i);
+        places_[i] = backlog_->ContinueFrom(i, row.last, row.place);
       }
     } catch (const StoreError& error) {
       recorder_->Close();
@@ -74,7 +76,7 @@ class Run {
             names_[i],
             options_.sources[i].address,
             LineEnd(configs_[i].Separador()),
-            recorder_->Row(i).place,
+            places_[i],
             options_.once,
             options_.source,
             [this] {
@@ -92,6 +94,7 @@ class Run {
   Complaint complaint_{messages_};
   std::deque<clsCfgConmut> configs_;
   std::vector<std::string> names_;
+  std::vector<std::string> places_;  // from which the sources go on
   std::vector<SourceLayout> layouts_;
   std::optional<Recorder> recorder_;
   std::optional<Backlog> backlog_;

@@ -15,14 +15,19 @@ Spill::Spill(std::vector<std::string> sources, const OpenDatabase& open)
       "SELECT numero, momento, estado, bytes, lugar FROM derrame WHERE fuente = ? "
       "ORDER BY numero LIMIT ?");
   remove_ = database_->Prepare("DELETE FROM derrame WHERE fuente = ? AND numero = ?");
-  const auto state =
-      database_->Prepare("SELECT COUNT(*), MAX(numero) FROM derrame WHERE fuente = ?");
+  const auto count = database_->Prepare("SELECT COUNT(*) FROM derrame WHERE fuente = ?");
+  const auto last = database_->Prepare(
+      "SELECT numero, lugar FROM derrame WHERE fuente = ? ORDER BY numero DESC LIMIT 1");
   for (std::size_t i = 0; i < names_.size(); ++i) {
-    state->BindText(0, names_[i]);
-    if (!state->Step()) continue;
-    count_ += state->Number(0);
-    last_[i] = state->Number(1);
-    state->Reset();
+    count->BindText(0, names_[i]);
+    if (count->Step()) count_ += count->Number(0);
+    count->Reset();
+    last->BindText(0, names_[i]);
+    if (last->Step()) {
+      last_[i].number = last->Number(0);
+      last_[i].place = last->Bytes(1);
+    }
+    last->Reset();
   }
 }
 

@@ -25,8 +25,9 @@ class Spill {
 
   // Of the sources that are known here.
   std::int64_t count() const { return count_; }
-  // The highest number of a source; 0 without lines.
-  std::int64_t Last(std::size_t source) const { return last_[source]; }
+  // The line of a source with the highest number that was there at the beginning; number 0 when
+  // there was none.
+  const Received& Last(std::size_t source) const { return last_[source]; }
 
  private:
   template <class Work>
@@ -35,7 +36,7 @@ class Spill {
   std::vector<std::string> names_;
   std::unique_ptr<Database> database_;
   std::unique_ptr<Statement> add_, first_, remove_;
-  std::vector<std::int64_t> last_;
+  std::vector<Received> last_;
   std::int64_t count_ = 0;
 };
 

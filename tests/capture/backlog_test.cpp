@@ -43,7 +43,7 @@ struct WriterBench {
           writer(backlog, recorder, bench.limits, bench.messages) {
       recorder.Open(Thoroughness::kQuick);
       recorder.CatchUp();
-      backlog.ContinueFrom(0, recorder.Row(0).last);
+      backlog.ContinueFrom(0, recorder.Row(0).last, recorder.Row(0).place);
     }
     void Put(const std::string& line, bool can_wait = false) {
       backlog.Put(0, line, Wholeness::kWhole, {}, can_wait);
@@ -177,6 +177,27 @@ TEST(BacklogOfLines, LinesBeyondAllMemoryAreCountedAsLost) {
   const auto sent = static_cast<std::int64_t>(10 * bench.pbx.lines.size());
   EXPECT_EQ(bench.Counted(Incident::kLost), sent - kept);
   EXPECT_EQ(test::ReadStore(bench.path, "centro").summary.lines, kept);
+}
+
+// A file is not read again from where the store is when what came later waits in the spill.
+TEST(Backlog, ASourceGoesOnBehindWhatWasSpilled) {
+  WriterBench bench;
+  const auto make = [&bench] {
+    return std::make_unique<Backlog>(std::vector<std::string>{"centro"}, bench.open_spill,
+                                     bench.memory, bench.messages, [] { return test::kReceived; });
+  };
+  auto backlog = make();
+  EXPECT_EQ(backlog->ContinueFrom(0, 5, "stored"), "stored");
+  backlog->Put(0, "seis", Wholeness::kWhole, "behind six", true);
+  backlog->Put(0, "siete", Wholeness::kWhole, "behind seven", true);
+  EXPECT_EQ(backlog->Next(1).lines.size(), 1U);  // the writer has it in hand
+  EXPECT_TRUE(backlog->SpillAll());
+
+  backlog = make();
+  EXPECT_EQ(backlog->ContinueFrom(0, 5, "stored"), "behind seven");
+  EXPECT_EQ(backlog->Next(10).lines.size(), 2U);
+  backlog = make();
+  EXPECT_EQ(backlog->ContinueFrom(0, 9, "stored"), "stored");  // the store has come further
 }
 
 }  // namespace
