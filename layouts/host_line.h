@@ -1,7 +1,6 @@
 // What a host does with the bytes of a switch before the component sees them.
 #pragma once
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -47,13 +46,9 @@ class HostLines {
   // Of most lines nothing is to be dropped, and no copy is needed. Without a way out in the middle
   // the processor looks at many bytes at once.
   static bool IsPrinted(std::string_view bytes) {
-    unsigned char lowest = ' ';
-    bool has_delete = false;
-    for (const char c : bytes) {
-      lowest = std::min(lowest, static_cast<unsigned char>(c));
-      has_delete |= c == '\x7F';
-    }
-    return lowest == ' ' && !has_delete;
+    unsigned char dropped = 0;
+    for (const char c : bytes) dropped |= static_cast<unsigned char>(layouts::IsPrinted(c) ? 0 : 1);
+    return dropped == 0;
   }
 
   void Keep(std::string_view bytes) {

@@ -1,4 +1,7 @@
 // Rows as RFC 4180 wants them. Columns stay as they are; new ones come at the end.
+#include <array>
+
+#include "conmuta/plain_text.h"
 #include "conmuta/put.h"
 #include "conmuta/row_format.h"
 #include "conmuta/utf8.h"
@@ -7,6 +10,8 @@
 
 namespace conmuta::host {
 namespace {
+
+constexpr PlainText kPlain{u'"', u','};
 
 constexpr std::string_view kHeading =
     "archivo,linea,conmutador,tipo,transferencia,fecha,hora,inicio,duracion_s,timbre_s,emisor,"
@@ -30,9 +35,9 @@ class Csv final : public RowFormat {
         file_(Quoted(FromUtf8(source.file), to_terminal_) + ','),
         most_(kMostOfFields + file_.size()) {
     for (const NamedLayout& named : source.layouts) {
-      layouts_.push_back(
-          {',' + Quoted(FromUtf8(named.name), to_terminal_) + ',', named.layout.sheet.time_of});
-      most_ = std::max(most_, kMostOfFields + file_.size() + layouts_.back().name.size());
+      const std::string name = ',' + Quoted(FromUtf8(named.name), to_terminal_) + ',';
+      layouts_.push_back({name, KindsOf(name), named.layout.sheet.time_of});
+      most_ = std::max(most_, kMostOfFields + file_.size() + name.size());
     }
   }
 
@@ -42,25 +47,43 @@ class Csv final : public RowFormat {
     const Named& layout = layouts_[outcome.layout];
     char* at = Put(out.Room(most_), file_);
     at = PutNumber(at, line);
-    at = Put(at, layout.name);
     if (outcome.verdict.IsCall()) {
-      at = PutCall(at, *outcome.call, layout.time_of);
+      at = PutCall(at, *outcome.call, layout);
     } else {
-      at = Put(Put(at, ",,,,,,,,,,,"), ReasonWord(outcome.verdict));
+      at = Put(Put(Put(at, layout.name), ",,,,,,,,,,,"), ReasonWord(outcome.verdict));
     }
     out.WroteTo(Put(at, "\r\n"));
   }
 
  private:
+  // Name, type and transfer, of which there are few, ready by the codes of the two.
+  using Kinds =
+      std::array<std::array<std::string, emAtributoFinTransferida + 1>, emLlamadaCodigoCuenta + 1>;
   struct Named {
     std::string name;
+    Kinds kinds;
     layouts::Sheet::TimeOf time_of;
   };
 
-  char* PutCall(char* at, const clsLlamadaTRD& call, layouts::Sheet::TimeOf time_of) const {
-    const CallTimes times = TimesOf(call, time_of);
-    at = PutField(at, TypeWord(call.TipoLlamada()));
-    at = PutField(at, TransferWord(call.Atributos()));
+  static Kinds KindsOf(const std::string& name) {
+    Kinds kinds;
+    for (std::size_t type = 0; type < kinds.size(); ++type) {
+      for (std::size_t attribute = 0; attribute < kinds[type].size(); ++attribute) {
+        kinds[type][attribute]
+            .append(name)
+            .append(TypeWord(static_cast<emTiposLlamadas>(type)))
+            .append(",")
+            .append(TransferWord(static_cast<emAtributosLlamadas>(attribute)))
+            .append(",");
+      }
+    }
+    return kinds;
+  }
+
+  char* PutCall(char* at, const clsLlamadaTRD& call, const Named& layout) const {
+    const CallTimes times = TimesOf(call, layout.time_of);
+    at = Put(at, layout.kinds[static_cast<std::size_t>(call.TipoLlamada())]
+                             [static_cast<std::size_t>(call.Atributos())]);
     at = PutDate(at, times.printed);
     *at++ = ',';
     at = PutTime(at, times.printed);
@@ -77,20 +100,16 @@ class Csv final : public RowFormat {
     *at++ = ',';
     at = PutNumber(at, static_cast<std::uint64_t>(call.Ring()));
     *at++ = ',';
-    at = PutText(at, call.Emisor());
-    at = PutText(at, call.Receptor());
-    at = PutText(at, call.Telefono());
-    at = PutText(at, call.ExtensionTransferida());
-    return PutText(at, call.CodigoCuenta());
+    at = PutText<clsLlamadaTRD::kPartyRoom>(at, call.Emisor());
+    at = PutText<clsLlamadaTRD::kPartyRoom>(at, call.Receptor());
+    at = PutText<clsLlamadaTRD::kNumberRoom>(at, call.Telefono());
+    at = PutText<clsLlamadaTRD::kPartyRoom>(at, call.ExtensionTransferida());
+    return PutText<clsLlamadaTRD::kNumberRoom>(at, call.CodigoCuenta());
   }
 
-  static char* PutField(char* at, std::string_view text) {
-    at = Put(at, text);
-    *at++ = ',';
-    return at;
-  }
+  template <std::size_t kRoom>
   char* PutText(char* at, TextView text) const {
-    char* end = PutPlain(at, text, u'"', u',');
+    char* end = kPlain.Put<kRoom>(at, text);
     if (end == nullptr) end = Put(at, Quoted(text, to_terminal_));
     *end++ = ',';
     return end;

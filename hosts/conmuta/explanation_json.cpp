@@ -18,7 +18,7 @@ Json OrNull(std::string_view text) {
 }
 
 Json CallJson(const clsLlamadaTRD& call) {
-  char field[32];
+  char field[kMostOfMoment];
   const Moment moment = MomentOf(call);
   Json json;
   json["tipo"] = TypeWord(call.TipoLlamada());

@@ -133,7 +133,7 @@ void WriteRow(Page& page, std::string_view name, std::string_view value) {
 }
 
 void WriteCall(Page& page, const clsLlamadaTRD& call) {
-  char field[64];
+  char field[kMostOfMoment];
   const Moment moment = MomentOf(call);
   char* end = PutDate(field, moment);
   *end++ = ' ';

@@ -1,6 +1,7 @@
 // Rows as JSON lines. Members stay as they are; new ones may come anywhere.
 #include <cstdio>
 
+#include "conmuta/plain_text.h"
 #include "conmuta/put.h"
 #include "conmuta/row_format.h"
 #include "conmuta/utf8.h"
@@ -9,6 +10,8 @@
 
 namespace conmuta::host {
 namespace {
+
+constexpr PlainText kPlain{u'"', u'\\'};
 
 constexpr std::size_t kMostOfFields = 4096;
 
@@ -84,11 +87,12 @@ class JsonLines final : public RowFormat {
     at = times.duration ? PutNumber(at, static_cast<std::uint64_t>(*times.duration))
                         : Put(at, "null");
     at = PutNumber(Put(at, ",\"timbre_s\":"), static_cast<std::uint64_t>(call.Ring()));
-    at = PutText(at, ",\"emisor\":", call.Emisor());
-    at = PutText(at, ",\"receptor\":", call.Receptor());
-    at = PutText(at, ",\"telefono\":", call.Telefono());
-    at = PutText(at, ",\"extension_transferida\":", call.ExtensionTransferida());
-    return PutText(at, ",\"cuenta\":", call.CodigoCuenta());
+    at = PutText<clsLlamadaTRD::kPartyRoom>(at, ",\"emisor\":", call.Emisor());
+    at = PutText<clsLlamadaTRD::kPartyRoom>(at, ",\"receptor\":", call.Receptor());
+    at = PutText<clsLlamadaTRD::kNumberRoom>(at, ",\"telefono\":", call.Telefono());
+    at = PutText<clsLlamadaTRD::kPartyRoom>(
+        at, ",\"extension_transferida\":", call.ExtensionTransferida());
+    return PutText<clsLlamadaTRD::kNumberRoom>(at, ",\"cuenta\":", call.CodigoCuenta());
   }
 
   // Null for none.
@@ -100,10 +104,11 @@ class JsonLines final : public RowFormat {
     *at++ = '"';
     return at;
   }
+  template <std::size_t kRoom>
   static char* PutText(char* at, std::string_view member, TextView text) {
     at = Put(at, member);
     *at = '"';
-    char* end = PutPlain(at + 1, text, u'"', u'\\');
+    char* end = kPlain.Put<kRoom>(at + 1, text);
     if (end == nullptr) return Put(at, Quoted(text));
     *end++ = '"';
     return end;

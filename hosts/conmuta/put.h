@@ -2,11 +2,13 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "conmuta/call_fields.h"
-#include "platform/text.h"
 
 namespace conmuta::host {
 
@@ -14,25 +16,40 @@ inline char* Put(char* at, std::string_view text) {
   return std::copy(text.begin(), text.end(), at);
 }
 
-// At least so many digits.
-inline char* PutNumber(char* at, std::uint64_t number, int least = 1) {
-  char digits[20];
-  int count = 0;
-  do {
-    digits[count++] = static_cast<char>('0' + number % 10);
-    number /= 10;
-  } while (number != 0);
-  for (int i = count; i < least; ++i) *at++ = '0';
-  while (count > 0) *at++ = digits[--count];
-  return at;
-}
+// "00" to "99", one behind the other: two digits at once need no division.
+inline constexpr std::array<char, 200> kPairs = [] {
+  std::array<char, 200> pairs{};
+  for (std::size_t i = 0; i < 100; ++i) {
+    pairs[2 * i] = static_cast<char>('0' + i / 10);
+    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+  }
+  return pairs;
+}();
 
 inline char* PutPair(char* at, int number) {
-  if (number > 99) return PutNumber(at, static_cast<std::uint64_t>(number));
-  *at++ = static_cast<char>('0' + number / 10);
-  *at++ = static_cast<char>('0' + number % 10);
-  return at;
+  if (number > 99) [[unlikely]] {
+    return std::to_chars(at, at + 10, number).ptr;
+  }
+  return std::copy_n(kPairs.data() + 2 * number, 2, at);
 }
+
+// No number is longer.
+inline constexpr std::size_t kMostDigits = 20;
+
+// Needs room for kMostDigits. Without a branch on how many digits a small number has: durations
+// have any number of them.
+inline char* PutNumber(char* at, std::uint64_t number) {
+  if (number > 9999) return std::to_chars(at, at + kMostDigits, number).ptr;
+  const auto small = static_cast<int>(number);
+  char digits[8] = {};
+  PutPair(PutPair(digits, small / 100), small % 100);
+  const int zeros = (small < 1000) + (small < 100) + (small < 10);
+  std::memcpy(at, digits + zeros, 4);
+  return at + 4 - zeros;
+}
+
+// Room for a date or a time of any numbers.
+inline constexpr std::size_t kMostOfMoment = 4 * kMostDigits;
 
 // "2019-01-16", "09:15:00"
 inline char* PutDate(char* at, const Moment& moment) {
@@ -49,17 +66,6 @@ inline char* PutTime(char* at, const Moment& moment) {
   at = PutPair(at, moment.minutes);
   *at++ = ':';
   return PutPair(at, moment.seconds);
-}
-
-// A text of characters that are ASCII and seen, and none of them the two; null, and any bytes
-// written, for every other.
-inline char* PutPlain(char* at, TextView text, char16_t one, char16_t other) {
-  bool plain = true;
-  for (const char16_t c : text) {
-    plain &= (c >= u' ') & (c < 0x7F) & (c != one) & (c != other);
-    *at++ = static_cast<char>(c);
-  }
-  return plain ? at : nullptr;
 }
 
 }  // namespace conmuta::host

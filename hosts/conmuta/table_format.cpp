@@ -42,7 +42,7 @@ class Table final : public RowFormat {
 
  private:
   void AddCall(const clsLlamadaTRD& call) {
-    char field[32];
+    char field[kMostOfMoment];
     const Moment moment = MomentOf(call);
     Add({field, PutDate(field, moment)}, 10);
     Add({field, PutTime(field, moment)}, 8);
@@ -69,7 +69,7 @@ class Table final : public RowFormat {
     return text.insert(0, width - std::min(width, text.size()), ' ');
   }
   static std::string Clock(std::int32_t seconds) {
-    char field[16];
+    char field[kMostOfMoment];
     const Moment time{0, 0, 0, seconds / 3600, seconds / 60 % 60, seconds % 60};
     return {field, PutTime(field, time)};
   }

@@ -48,10 +48,14 @@ class BoundedText {
   operator TextView() const { return {characters_.data(), size_}; }
 
  private:
-  // In whole blocks, which are quicker to copy than what is needed of them.
   static constexpr std::size_t kBlock = 8;
+
+ public:
+  // So many characters may be read from where the text begins. In whole blocks, which are quicker
+  // to copy than what is needed of them.
   static constexpr std::size_t kRoom = (kWidth + kBlock - 1) / kBlock * kBlock;
 
+ private:
   template <class Predicate>
   BoundedText& Keep(TextView text, Predicate keep) {
     size_ = 0;

@@ -87,7 +87,9 @@ class clsLlamadaTRD {
 
   // Cut to 30 (numbers, account code) or 10 (parties) characters; NULs are dropped. Those that
   // stand in lines take digits as well (bounded_text.h). What is read lives until the record
-  // changes.
+  // changes; up to so many characters may be read from where it begins, whatever its size.
+  static constexpr std::size_t kNumberRoom = BoundedText<30>::kRoom;
+  static constexpr std::size_t kPartyRoom = BoundedText<10>::kRoom;
   TextView Telefono() const { return phone_; }
   template <class Characters>
   void Telefono(const Characters& value) {
