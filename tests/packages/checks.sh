@@ -1,4 +1,4 @@
-# Counting checks: source it, don't run it.
+# Counting checks, and what is checked: source it, don't run it.
 # shellcheck shell=bash
 
 passed=0 failed=0
@@ -22,6 +22,15 @@ check() {
     failed=$((failed + 1))
   fi
   rm "$output"
+}
+
+# make_packages FOLDER PACKAGE...: what is built on the way is shown where it fails only.
+make_packages() {
+  local log=$1.log
+  mkdir -p "$(dirname "$1")"
+  # The catalogue is the same from whatever compiler.
+  CONMUTA_NATIVE=${CONMUTA_NATIVE:-native-sanitized} "$project/scripts/package" -o "$1" "${@:2}" >"$log" 2>&1 ||
+    { tail -n 40 "$log"; die "there are no packages"; }
 }
 
 fails() { ! "$@"; }
