@@ -38,13 +38,14 @@ end_windows() {
 }
 
 # snapshot NAME: all files, sizes of files and all of the registry but for what a start finds or makes of the
-# machine; temporary folders are nobody's.
+# machine, at its leisure (devices), and how consoles look, which the first one writes; temporary folders are
+# nobody's.
 snapshot() {
   end_windows
   {
-    find "$drive" -ipath '*/temp/*' -prune -o -type f -printf 'file %P %s\n' -o -printf 'folder %P\n' | sort
+    find "$drive" \( -ipath '*/temp/*' -o -path '*/windows/inf/*' \) -prune -o -type f -printf 'file %P %s\n' -o -printf 'folder %P\n' | sort
     sed -E 's/^(\[.*\]) [0-9]+$/\1/; /^#time=/d' "$WINEPREFIX"/{system,user}.reg |
-      awk '/^\[/ { machine = /^\[(System|Hardware)\\|\\(NetworkCards|RunServices)/ } !machine'
+      awk '/^\[/ { machine = /^\[(System|Hardware|Console)[\\\]]|\\(NetworkCards|RunServices)/ } !machine'
   } >"$stage/$1.snapshot"
   start_server </dev/null >/dev/null 2>&1
 }
@@ -80,12 +81,15 @@ older_setup() {
   printf '%s' "$stage/conmuta-0.9.0-setup.exe"
 }
 
-# Runs the uninstaller as the system does; it goes on when its first process has ended.
+still_removes() { grep -qs 'nsu[^/]*[.]tmp.Un[^/]*[.]exe' /proc/[0-9]*/cmdline; }
+
+# Runs the uninstaller as the system does: it goes on, as a copy of itself in a temporary folder, when
+# its first process has ended, and removes its folder after itself.
 uninstall() {
   local folder=$1 scope=$2 tries
   run "$folder/desinstalar.exe" "$scope" /S
   for ((tries = 0; tries < 3000; tries++)); do
-    [[ -e $folder/desinstalar.exe ]] || return 0
+    [[ -e $folder/desinstalar.exe ]] || still_removes || return 0
     sleep 0.1
   done
   return 1
@@ -185,20 +189,32 @@ end_host() {
   wait "$host"
 }
 
-# Kills an installer that has begun to write, before it has registered anything.
+# Ends all of Windows while the installer, which has written its files, has the first DLL registered.
 interrupt_install() {
-  local tries
-  for ((tries = 0; tries < 5; tries++)); do
-    "$wine" "$setup" /S /AllUsers >/dev/null 2>&1 </dev/null &
-    local installer=$!
-    until [[ -e $program_files/LEEME.txt ]] || ! kill -0 "$installer" 2>/dev/null; do sleep 0.005; done
-    kill -9 "$installer" 2>/dev/null || true
-    wait "$installer" || true
-    [[ -e $program_files/LEEME.txt ]] || return 1
-    has_class HKLM "$program_files" || return 0
-    uninstall "$program_files" /AllUsers
+  local regsvr32=$drive/windows/system32/regsvr32.exe mark=$drive/registering tries
+  [[ $size == win32 ]] || regsvr32=$drive/windows/syswow64/regsvr32.exe
+  mv "$regsvr32" "$stage/regsvr32.exe"
+  cat >"$stage/endless.c" <<'PROGRAM'
+#include <windows.h>
+int main(void) {
+  CreateFileA("C:\\registering", GENERIC_WRITE, 0, 0, CREATE_NEW, 0, 0);
+  Sleep(INFINITE);
+}
+PROGRAM
+  i686-w64-mingw32-gcc-posix -mwindows "$stage/endless.c" -o "$regsvr32"
+  with_overrides regsvr32.exe=n "$wine" "$setup" /S /AllUsers >/dev/null 2>&1 </dev/null &
+  local installer=$!
+  for ((tries = 0; tries < 3000; tries++)); do
+    [[ ! -e $mark ]] || break
+    sleep 0.1
   done
-  return 1
+  end_windows
+  wait "$installer" || true
+  mv "$stage/regsvr32.exe" "$regsvr32"
+  start_server </dev/null >/dev/null 2>&1
+  rm "$mark"
+  [[ -e $program_files/LEEME.txt ]]
+  fails has_class HKLM "$program_files"
 }
 
 interrupted_and_undone() {
