@@ -116,7 +116,10 @@ Description: call records of telephone switches (SMDR)
  A PBX prints a line, or a block of lines, for every telephone call, and every brand lays it out in
  its own way. The command conmuta knows the layouts of many, and makes call records of what they print.
 CONTROL
-  (cd "$root" && files_of . | xargs -d '\n' md5sum) >"$control/DEBIAN/md5sums"
+  install -m 755 "$project"/packages/debian/{postinst,prerm,postrm} "$control/DEBIAN"
+  # Files that a person changes are dpkg's to look after.
+  files_of "$root/etc" | sed 's|^|/etc/|' >"$control/DEBIAN/conffiles"
+  (cd "$root" && files_of . | grep -v '^etc/' | xargs -d '\n' md5sum) >"$control/DEBIAN/md5sums"
   set_times "$control"
   # More threads would cut the data into other blocks.
   dpkg-deb --root-owner-group -Zxz --threads-max=1 --build "$control" "$2/$name.deb" >/dev/null
