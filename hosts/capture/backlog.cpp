@@ -20,13 +20,30 @@ Backlog::Backlog(std::vector<std::string> sources, OpenDatabase open_spill, Limi
       limits_(limits),
       spill_complaint_(messages),
       now_(std::move(now)),
-      last_(names_.size()) {}
+      last_(names_.size(), kUnnumbered) {}
 
-std::string Backlog::ContinueFrom(std::size_t source, std::int64_t last, const std::string& place) {
+std::optional<std::string> Backlog::ContinueFrom(std::size_t source, std::int64_t last,
+                                                 const std::string& place) try {
   const std::lock_guard lock(mutex_);
-  const Received& spilled = OpenSpill().Last(source);
-  last_[source] = std::max({last_[source], last, spilled.number});
+  Spill& spill = OpenSpill();
+  const Received& spilled = spill.Last(source);
+  if (last_[source] < 0) {
+    // First on the disk: a line that has its number there keeps it.
+    const std::int64_t shift = std::max(last, spilled.number) - kUnnumbered;
+    spill.Number(source, shift);
+    Shift(source, shift);
+  }
   return spilled.number > last && !spilled.place.empty() ? spilled.place : place;
+} catch (const StoreError& error) {
+  SpillFailed(error);
+  return std::nullopt;
+}
+
+void Backlog::Shift(std::size_t source, std::int64_t shift) {
+  last_[source] += shift;
+  for (Arrival& arrival : memory_) {
+    if (arrival.source == source) arrival.line.number += shift;
+  }
 }
 
 bool Backlog::MustWait() const {
@@ -37,6 +54,11 @@ bool Backlog::MustWait() const {
 std::size_t Backlog::waiting() const {
   const std::lock_guard lock(mutex_);
   return memory_.size();
+}
+
+std::int64_t Backlog::spilled() const {
+  const std::lock_guard lock(mutex_);
+  return spill_ ? spill_->count() : 0;
 }
 
 void Backlog::Put(std::size_t source, std::string bytes, Wholeness wholeness, std::string place,
@@ -109,15 +131,15 @@ bool Backlog::SpillAll() {
 }
 
 bool Backlog::SpillMemory() {
-  // What the writer has in hand comes first by its numbers, wherever it lies.
-  std::vector<Arrival> lines = batch_.spilled ? std::vector<Arrival>() : batch_.lines;
-  lines.insert(lines.end(), memory_.begin(), memory_.end());
-  if (lines.empty()) return true;
+  if (memory_.empty() && (batch_.spilled || batch_.lines.empty())) return true;
   try {
-    OpenSpill().Add(lines);
+    Spill& spill = OpenSpill();
+    // What the writer has in hand comes first by its numbers, wherever it lies.
+    std::vector<Arrival> lines = batch_.spilled ? std::vector<Arrival>() : batch_.lines;
+    lines.insert(lines.end(), memory_.begin(), memory_.end());
+    spill.Add(lines);
   } catch (const StoreError& error) {
-    spill_complaint_.Tell(std::string("no se pueden apartar líneas en el derrame: ") +
-                          error.what());
+    SpillFailed(error);
     return false;
   }
   spill_complaint_.Over("el derrame vuelve a tomar líneas");
@@ -129,7 +151,17 @@ bool Backlog::SpillMemory() {
 
 Spill& Backlog::OpenSpill() {
   if (!spill_) spill_.emplace(names_, open_spill_);
+  if (!spill_known_) {
+    for (std::size_t i = 0; i < names_.size(); ++i) {
+      Shift(i, spill_->LastUnnumbered(i) - kUnnumbered);
+    }
+  }
+  spill_known_ = true;
   return *spill_;
+}
+
+void Backlog::SpillFailed(const StoreError& error) {
+  spill_complaint_.Tell(std::string("no se puede usar el derrame: ") + error.what());
 }
 
 }  // namespace conmuta::capture

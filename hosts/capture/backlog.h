@@ -20,7 +20,7 @@
 namespace conmuta::capture {
 
 // Sources put lines in, one writer takes them out, each in a thread of its own. Numbers are given
-// here.
+// here: those of lines that come before the store can be asked, as soon as it was.
 class Backlog {
  public:
   struct Limits {
@@ -31,10 +31,11 @@ class Backlog {
   Backlog(std::vector<std::string> sources, OpenDatabase open_spill, Limits limits,
           Messages& messages, Now now);
 
-  // Before the first line: what number the store has last, and the place of the source behind it.
-  // What was spilled before counts, too: gives the place to go on from. StoreError when that cannot
-  // be known.
-  std::string ContinueFrom(std::size_t source, std::int64_t last, const std::string& place);
+  // Before the first Next, for each source: what number the store has last, and the place of the
+  // source behind it. What was spilled before counts, too: gives the place to go on from. Nothing
+  // when the spill cannot be had, which is told.
+  std::optional<std::string> ContinueFrom(std::size_t source, std::int64_t last,
+                                          const std::string& place);
 
   // Whether whoever can wait should.
   bool MustWait() const;
@@ -63,12 +64,17 @@ class Backlog {
   bool SpillAll();
   // In memory.
   std::size_t waiting() const;
+  // On the disk.
+  std::int64_t spilled() const;
 
  private:
   // With what the writer has in hand: a place in the spill must have nothing before it that is not
   // on the disk.
   bool SpillMemory();
   Spill& OpenSpill();
+  void SpillFailed(const StoreError& error);
+  // Adds to the numbers of what is in memory, and of what will come.
+  void Shift(std::size_t source, std::int64_t shift);
 
   mutable std::mutex mutex_;
   std::condition_variable changed_;
@@ -82,7 +88,8 @@ class Backlog {
   std::size_t bytes_ = 0;
   Incidents incidents_;
   std::optional<Spill> spill_;
-  Batch batch_;  // with the writer
+  bool spill_known_ = false;  // what is in it since before was taken into account
+  Batch batch_;               // with the writer
   bool hurry_ = false;
 };
 

@@ -1,15 +1,17 @@
 #include "capture/capture.h"
 
 #include <deque>
+#include <memory>
 #include <optional>
-#include <stdexcept>
-#include <thread>
 
 #include "capture/odbc_database.h"
 #include "capture/store_address.h"
 
 namespace conmuta::capture {
 namespace {
+
+// How often it is asked whether the store answers.
+constexpr std::chrono::milliseconds kWatch{500};
 
 std::string SpillAddress(const CaptureOptions& options) {
   if (!options.spill.empty()) return options.spill;
@@ -26,49 +28,61 @@ class Run {
       names_.push_back(source.name);
       layouts_.push_back({source.name, source.layout, &config});
     }
-    places_.resize(names_.size());
+    sources_.resize(names_.size());
     const std::string spill = SpillAddress(options_);
     recorder_.emplace(layouts_, OpenerForWriting(options_.store, messages_));
     backlog_.emplace(names_, OpenerForWriting(spill, messages_), options_.backlog, messages_,
                      options_.now);
-    writer_.emplace(*backlog_, *recorder_, options_.writer, messages_);
+    const Writer::Events events{
+        [this](const auto& places) { loop_.Post([this, places] { GoOn(places); }); },
+        [this] { loop_.Post([this] { Refuse(); }); }};
+    writer_.emplace(*backlog_, *recorder_, options_.writer, messages_, events);
   }
 
   int Work() {
-    // A signal counts from the beginning, also while the store cannot be had.
     loop_.OnSignal([this] { End(); });
-    Prepare(options_.source.first_pause);
+    // What a PBX sends now it will not send again: the store is not waited for.
+    for (std::size_t i = 0; i < sources_.size(); ++i) {
+      if (!HasPlaces(i)) StartSource(i, {});
+    }
+    writer_->Start();
+    Watch();
     loop_.Run();
     const bool kept = writer_->Stop();
     return kept && !refused_ ? kDone : kFailed;
   }
 
+  bool is_stuck() const { return writer_->is_stuck(); }
+
  private:
-  // Lines get their numbers from the store and the spill: without both there is no first line.
-  void Prepare(std::chrono::milliseconds pause) {
-    try {
-      recorder_->Open(Thoroughness::kChecked);
-      for (std::size_t i = 0; i < names_.size(); ++i) {
-        const SourceRow& row = recorder_->Row(i);
-        places_[i] = backlog_->ContinueFrom(i, row.last, row.place);
-      }
-    } catch (const StoreError& error) {
-      recorder_->Close();
-      complaint_.Tell(std::string("no se puede usar el almacén: ") + error.what());
-      if (error.kind() == StoreError::Kind::kRefused) {
-        refused_ = true;
-        return loop_.Stop();
-      }
-      return loop_.After(
-          pause, [this, pause] { Prepare(std::min(pause * 2, options_.source.longest_pause)); });
-    }
-    complaint_.Over("el almacén se puede usar otra vez");
-    for (std::size_t i = 0; i < names_.size(); ++i) sources_.push_back(MakeSource(Context(i)));
-    writer_->Start();
-    for (const auto& source : sources_) source->Start();
+  // A file waits by itself, till it is known how far it was read.
+  bool HasPlaces(std::size_t i) const {
+    return options_.sources[i].address.kind == Address::Kind::kFile;
   }
 
-  SourceContext Context(std::size_t i) {
+  void GoOn(const std::vector<std::string>& places) {
+    if (ending_) return;
+    for (std::size_t i = 0; i < sources_.size(); ++i) {
+      if (HasPlaces(i)) StartSource(i, places[i]);
+    }
+  }
+
+  void StartSource(std::size_t i, const std::string& place) {
+    sources_[i] = MakeSource(Context(i, place));
+    sources_[i]->Start();
+  }
+
+  void Watch() {
+    writer_->Watch();
+    loop_.After(kWatch, [this] { Watch(); });
+  }
+
+  void Refuse() {
+    refused_ = true;
+    End();
+  }
+
+  SourceContext Context(std::size_t i, const std::string& place) {
     return {loop_,
             *backlog_,
             messages_,
@@ -76,7 +90,7 @@ class Run {
             names_[i],
             options_.sources[i].address,
             LineEnd(configs_[i].Separador()),
-            places_[i],
+            place,
             options_.once,
             options_.source,
             [this] {
@@ -85,16 +99,17 @@ class Run {
   }
 
   void End() {
-    for (const auto& source : sources_) source->Stop();
+    ending_ = true;
+    for (const auto& source : sources_) {
+      if (source != nullptr) source->Stop();
+    }
     loop_.Stop();
   }
 
-  const CaptureOptions& options_;
+  const CaptureOptions options_;
   Messages messages_;
-  Complaint complaint_{messages_};
   std::deque<clsCfgConmut> configs_;
   std::vector<std::string> names_;
-  std::vector<std::string> places_;  // from which the sources go on
   std::vector<SourceLayout> layouts_;
   std::optional<Recorder> recorder_;
   std::optional<Backlog> backlog_;
@@ -102,13 +117,18 @@ class Run {
   Loop loop_;
   std::vector<std::unique_ptr<Source>> sources_;
   std::size_t ended_ = 0;
+  bool ending_ = false;
   bool refused_ = false;
 };
 
 }  // namespace
 
 int Capture(const CaptureOptions& options, const LoadLayout& load, std::ostream& err) {
-  return Run(options, load, err).Work();
+  auto run = std::make_unique<Run>(options, load, err);
+  const int code = run->Work();
+  // A thread of its own may wait for a silent store for ever: then the program ends around it.
+  if (run->is_stuck()) static_cast<void>(run.release());
+  return code;
 }
 
 }  // namespace conmuta::capture

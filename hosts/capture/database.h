@@ -57,6 +57,8 @@ class Database {
   virtual void Rollback() noexcept = 0;
 };
 
+enum class Access : std::uint8_t { kReadOnly, kReadWrite };
+
 enum class Thoroughness : std::uint8_t { kQuick, kChecked };
 
 // Opens the same database again each time it is called.

@@ -174,6 +174,22 @@ class OdbcStatement final : public Statement {
   bool executed_ = false;
 };
 
+// A line that is cut without a word is noticed by either end: what was sent is confirmed within
+// 10 s, and one that is quiet is asked. The client's half goes to the driver's own library.
+std::string WithLineChecks(const std::string& address) {
+  if (ToUpper(FromUtf8(address)).find(u"PQOPT=") != Text::npos) return address;
+  return address + (address.ends_with(';') ? "" : ";") +
+         "pqopt={connect_timeout=5 tcp_user_timeout=10000 keepalives_idle=10 "
+         "keepalives_interval=5 keepalives_count=3};";
+}
+
+// The server's half. Each statement of the capture touches a few rows: one that takes longer waits
+// for something that will not come.
+constexpr const char* kServerLimits[] = {
+    "SET tcp_keepalives_idle = 10", "SET tcp_keepalives_interval = 5",
+    "SET tcp_keepalives_count = 3", "SET idle_in_transaction_session_timeout = '60s'",
+    "SET statement_timeout = '60s'"};
+
 class Environment {
  public:
   Environment() : handle_(SQL_HANDLE_ENV, SQL_NULL_HANDLE) {
@@ -188,15 +204,17 @@ class Environment {
 
 class OdbcDatabase final : public Database {
  public:
-  explicit OdbcDatabase(const std::string& address)
+  OdbcDatabase(const std::string& address, Access access)
       : connection_(SQL_HANDLE_DBC, environment_.get()) {
     // A server that is away must not stop the capture for long.
     SQLSetConnectAttr(connection_.get(), SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(5),
                       SQL_IS_UINTEGER);
-    Text text = FromUtf8(address);
+    Text text = FromUtf8(WithLineChecks(address));
     connection_.Check(SQLDriverConnectW(connection_.get(), nullptr, Wide(text),
                                         static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr,
                                         SQL_DRIVER_NOPROMPT));
+    if (access == Access::kReadOnly) return;
+    for (const char* limit : kServerLimits) Run(limit);
   }
   ~OdbcDatabase() override {
     Rollback();
@@ -244,8 +262,8 @@ bool IsOdbcAddress(const std::string& address) {
   return upper == u"DRIVER=" || upper.starts_with(u"DSN=");
 }
 
-std::unique_ptr<Database> OpenOdbc(const std::string& address) {
-  return std::make_unique<OdbcDatabase>(address);
+std::unique_ptr<Database> OpenOdbc(const std::string& address, Access access) {
+  return std::make_unique<OdbcDatabase>(address, access);
 }
 
 }  // namespace conmuta::capture

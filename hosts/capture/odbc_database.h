@@ -12,7 +12,8 @@ namespace conmuta::capture {
 // "DSN=…;…".
 bool IsOdbcAddress(const std::string& address);
 
-// Connects. StoreError kFailed.
-std::unique_ptr<Database> OpenOdbc(const std::string& address);
+// Connects. StoreError kFailed. Whoever writes is not kept waiting for long by a server that does
+// not answer, or by locks of a client that vanished.
+std::unique_ptr<Database> OpenOdbc(const std::string& address, Access access);
 
 }  // namespace conmuta::capture

@@ -13,6 +13,10 @@ enum class Wholeness : std::uint8_t {
   kTorn = 2,  // the connection ended before the line did
 };
 
+// What comes before the store can be asked how far it is gets numbers from here on, all below zero.
+// They only tell the order; the line's own number comes later.
+inline constexpr std::int64_t kUnnumbered = -(std::int64_t{1} << 62);
+
 struct Received {
   std::int64_t number = 0;   // within its source, from 1
   std::int64_t time_ms = 0;  // since 1970, UTC

@@ -32,6 +32,7 @@ class Recorder {
   void Open(Thoroughness thoroughness);
   void Close() { store_.reset(); }
 
+  std::size_t size() const { return sources_.size(); }
   // What the store had of a source when it was opened last.
   const SourceRow& Row(std::size_t source) const { return sources_[source].row; }
 

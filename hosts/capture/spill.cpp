@@ -3,7 +3,7 @@
 namespace conmuta::capture {
 
 Spill::Spill(std::vector<std::string> sources, const OpenDatabase& open)
-    : names_(std::move(sources)), database_(open(Thoroughness::kChecked)), last_(names_.size()) {
+    : names_(std::move(sources)), database_(open(Thoroughness::kChecked)), ends_(names_.size()) {
   database_->Run(
       "CREATE TABLE IF NOT EXISTS derrame(fuente TEXT NOT NULL, numero BIGINT NOT NULL, "
       "momento BIGINT NOT NULL, estado BIGINT NOT NULL, bytes BLOB NOT NULL, lugar TEXT NOT NULL, "
@@ -15,20 +15,39 @@ Spill::Spill(std::vector<std::string> sources, const OpenDatabase& open)
       "SELECT numero, momento, estado, bytes, lugar FROM derrame WHERE fuente = ? "
       "ORDER BY numero LIMIT ?");
   remove_ = database_->Prepare("DELETE FROM derrame WHERE fuente = ? AND numero = ?");
+  FindEnds();
+}
+
+void Spill::FindEnds() {
   const auto count = database_->Prepare("SELECT COUNT(*) FROM derrame WHERE fuente = ?");
   const auto last = database_->Prepare(
-      "SELECT numero, lugar FROM derrame WHERE fuente = ? ORDER BY numero DESC LIMIT 1");
+      "SELECT numero, lugar FROM derrame WHERE fuente = ? AND (numero > 0) = ? "
+      "ORDER BY numero DESC LIMIT 1");
   for (std::size_t i = 0; i < names_.size(); ++i) {
     count->BindText(0, names_[i]);
     if (count->Step()) count_ += count->Number(0);
     count->Reset();
-    last->BindText(0, names_[i]);
-    if (last->Step()) {
-      last_[i].number = last->Number(0);
-      last_[i].place = last->Bytes(1);
+    for (const bool numbered : {false, true}) {
+      last->BindText(0, names_[i]);
+      last->Bind(1, numbered ? 1 : 0);
+      if (!last->Step()) continue;
+      if (numbered) {
+        ends_[i].numbered.number = last->Number(0);
+        ends_[i].numbered.place = last->Bytes(1);
+      } else {
+        ends_[i].unnumbered = last->Number(0);
+      }
+      last->Reset();
     }
-    last->Reset();
   }
+}
+
+void Spill::Number(std::size_t source, std::int64_t shift) {
+  const auto number =
+      database_->Prepare("UPDATE derrame SET numero = numero + ? WHERE fuente = ? AND numero < 0");
+  number->Bind(0, shift);
+  number->BindText(1, names_[source]);
+  number->Run();
 }
 
 template <class Work>

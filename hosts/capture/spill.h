@@ -27,16 +27,26 @@ class Spill {
   std::int64_t count() const { return count_; }
   // The line of a source with the highest number that was there at the beginning; number 0 when
   // there was none.
-  const Received& Last(std::size_t source) const { return last_[source]; }
+  const Received& Last(std::size_t source) const { return ends_[source].numbered; }
+  // The same of those without a number of their own; kUnnumbered when there was none.
+  std::int64_t LastUnnumbered(std::size_t source) const { return ends_[source].unnumbered; }
+  // All lines of a source without a number of their own get one, `shift` more than they had.
+  void Number(std::size_t source, std::int64_t shift);
 
  private:
   template <class Work>
   void InTransaction(Work work);
 
+  struct Ends {
+    Received numbered;
+    std::int64_t unnumbered = kUnnumbered;
+  };
+  void FindEnds();
+
   std::vector<std::string> names_;
   std::unique_ptr<Database> database_;
   std::unique_ptr<Statement> add_, first_, remove_;
-  std::vector<Received> last_;
+  std::vector<Ends> ends_;
   std::int64_t count_ = 0;
 };
 

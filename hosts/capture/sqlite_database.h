@@ -9,8 +9,6 @@
 
 namespace conmuta::capture {
 
-enum class Access : std::uint8_t { kReadOnly, kReadWrite };
-
 // Opens the file, for writing with a log that is flushed at each commit. kChecked looks through all
 // of it. StoreError kDamaged when it is no database. `vfs` names SQLite's file layer; the usual one
 // when it is null.

@@ -14,14 +14,15 @@ std::string ShownStore(const std::string& address) {
 }
 
 OpenDatabase OpenerForWriting(const std::string& address, Messages& messages) {
-  if (IsOdbcAddress(address)) return [address](Thoroughness) { return OpenOdbc(address); };
+  if (IsOdbcAddress(address))
+    return [address](Thoroughness) { return OpenOdbc(address, Access::kReadWrite); };
   return [path = PathOf(address), &messages](Thoroughness thoroughness) {
     return OpenSqliteOrSetAside(path, thoroughness, messages);
   };
 }
 
 std::unique_ptr<Database> OpenForReading(const std::string& address) {
-  if (IsOdbcAddress(address)) return OpenOdbc(address);
+  if (IsOdbcAddress(address)) return OpenOdbc(address, Access::kReadOnly);
   return OpenSqlite(PathOf(address), Access::kReadOnly, Thoroughness::kQuick);
 }
 

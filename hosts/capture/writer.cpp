@@ -4,81 +4,137 @@
 
 namespace conmuta::capture {
 
-Writer::Writer(Backlog& backlog, Recorder& recorder, Limits limits, Messages& messages)
+Writer::Writer(Backlog& backlog, Recorder& recorder, Limits limits, Messages& messages,
+               Events events)
     : backlog_(backlog),
       recorder_(recorder),
       limits_(limits),
       messages_(messages),
-      complaint_(messages) {}
+      events_(std::move(events)),
+      complaint_(messages),
+      silence_(messages) {}
+
+Writer::~Writer() {
+  Stop();
+  if (thread_.joinable()) thread_.join();
+}
 
 void Writer::Start() {
   thread_ = std::thread([this] { Work(); });
 }
 
 bool Writer::Stop() {
-  if (!thread_.joinable()) return all_kept_;
+  if (!thread_.joinable() || is_stuck_) return all_kept_;
+  end_ = Clock::now() + limits_.end;
   stopping_ = true;
   backlog_.Hurry();
-  thread_.join();
+  std::unique_lock lock(mutex_);
+  if (changed_.wait_for(lock, limits_.end + limits_.patience, [this] { return is_over_; })) {
+    thread_.join();
+  } else {
+    is_stuck_ = true;
+    all_kept_ = KeepRest();
+  }
   return all_kept_;
 }
 
+void Writer::Watch() {
+  const Clock::duration since = busy_since_;
+  if (since == Clock::duration::zero()) {
+    silence_.Over("el almacén responde otra vez");
+  } else if (Clock::now().time_since_epoch() - since >= limits_.spill_after) {
+    silence_.Tell("el almacén no responde; lo que llega espera en el derrame");
+    backlog_.SpillAll();
+  }
+}
+
 void Writer::Work() {
-  using Clock = std::chrono::steady_clock;
+  Write();
+  const std::lock_guard lock(mutex_);
+  is_over_ = true;
+  changed_.notify_all();
+}
+
+void Writer::Write() {
   auto pause = limits_.first_pause;
   Clock::time_point works_until = Clock::now();
-  // What is stored and was not translated; sources are heard meanwhile. Where it fails now it is
-  // made up for with the next lines.
-  try {
-    recorder_.CatchUp();
-  } catch (const StoreError&) {
-    recorder_.Close();
-  }
   for (;;) {
     const bool last_round = stopping_;
-    const bool any = backlog_.Wait(limits_.delay, limits_.lines);
-    if (!any) {
-      if (last_round) return;
+    const bool any = backlog_.Wait(reached_ ? limits_.delay : limits_.delay.zero(), limits_.lines);
+    if (!any && last_round) return;
+    if (!any && reached_) {
       works_until = Clock::now();
       continue;
     }
-    if (WriteNext()) {
+    const bool written = WriteNext();
+    if (is_stuck_) return;  // somebody else saw to what waits
+    if (written) {
       pause = limits_.first_pause;
       works_until = Clock::now();
-      continue;
     }
-    if (last_round || Clock::now() - works_until >= limits_.spill_after) {
-      const bool spilled = backlog_.SpillAll();
-      if (last_round) {
-        all_kept_ = spilled;
-        if (!spilled) {
-          messages_.Tell("se pierden las líneas que no se pudieron guardar: " +
-                         std::to_string(backlog_.waiting()));
-        }
-        return;
-      }
+    if (last_round && (!written || Clock::now() >= end_)) {
+      all_kept_ = KeepRest();
+      return;
     }
+    if (written) continue;
+    if (Clock::now() - works_until >= limits_.spill_after) backlog_.SpillAll();
     Pause(pause);
     pause = std::min(pause * 2, limits_.longest_pause);
   }
 }
 
-bool Writer::WriteNext() {
-  try {
-    recorder_.Open(next_opening_);
-    next_opening_ = Thoroughness::kQuick;
+bool Writer::WriteNext() try {
+  busy_since_ = Clock::now().time_since_epoch();
+  recorder_.Open(next_opening_);
+  next_opening_ = Thoroughness::kQuick;
+  const bool can_write = reached_ || Reach();
+  if (can_write) {
     const Backlog::Batch& batch = backlog_.Next(limits_.lines);
     recorder_.Record(batch.lines, batch.incidents);
     backlog_.Done();
-    complaint_.Over("el almacén vuelve a tomar líneas");
-    return true;
-  } catch (const StoreError& error) {
-    complaint_.Tell(std::string("el almacén no toma líneas: ") + error.what());
-    // Whether a commit that failed was one only the store can tell.
-    recorder_.Close();
-    if (error.kind() == StoreError::Kind::kDamaged) next_opening_ = Thoroughness::kChecked;
+  }
+  busy_since_ = Clock::duration::zero();
+  complaint_.Over("el almacén vuelve a tomar líneas");
+  return can_write;
+} catch (const StoreError& error) {
+  complaint_.Tell(std::string("el almacén no toma líneas: ") + error.what());
+  // Whether a commit that failed was one only the store can tell.
+  recorder_.Close();
+  busy_since_ = Clock::duration::zero();
+  if (error.kind() == StoreError::Kind::kDamaged) next_opening_ = Thoroughness::kChecked;
+  if (error.kind() == StoreError::Kind::kRefused) events_.refused();
+  return false;
+}
+
+// Lines get their numbers from the store and the spill: without both none can be written.
+bool Writer::Reach() {
+  std::vector<std::string> places;
+  for (std::size_t i = 0; i < recorder_.size(); ++i) {
+    const SourceRow& row = recorder_.Row(i);
+    const auto place = backlog_.ContinueFrom(i, row.last, row.place);
+    if (!place) return false;
+    places.push_back(*place);
+  }
+  reached_ = true;
+  events_.reached(places);
+  // What is stored and was not translated; where it fails now it is made up for with the next
+  // lines.
+  recorder_.CatchUp();
+  return true;
+}
+
+// What the store did not take: it is there at the next start.
+bool Writer::KeepRest() {
+  if (!backlog_.SpillAll()) {
+    messages_.Tell("se pierden las líneas que no se pudieron guardar: " +
+                   std::to_string(backlog_.waiting()));
     return false;
   }
+  if (const std::int64_t count = backlog_.spilled(); count > 0) {
+    messages_.Tell("quedan en el derrame " + std::to_string(count) +
+                   " líneas; la próxima captura las pasa al almacén");
+  }
+  return true;
 }
 
 void Writer::Pause(std::chrono::milliseconds time) const {

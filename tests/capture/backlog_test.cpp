@@ -3,76 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
-#include "capture/faulty_files.h"
-#include "capture/line_bench.h"
-#include "capture/writer.h"
-#include "support/temporary_folder.h"
+#include "capture/writer_bench.h"
 
 namespace conmuta::capture {
 namespace {
 
-using namespace std::chrono_literals;
 using test::FaultyFiles;
-
-struct WriterBench {
-  explicit WriterBench(const char* spill_files = nullptr) {
-    limits.lines = 7;
-    limits.delay = 1ms;
-    limits.first_pause = limits.longest_pause = 20ms;
-    limits.spill_after = 0ms;
-    memory.memory = 2000;
-    memory.refuse = 6000;
-    open_spill = [this, spill_files](Thoroughness thoroughness) {
-      return OpenSqliteOrSetAside(folder.path() / "derrame.db", thoroughness, messages,
-                                  spill_files != nullptr ? spill_files : quick.name());
-    };
-  }
-
-  // A capture as it is from a start to an end.
-  struct Capture {
-    explicit Capture(WriterBench& bench, const char* files)
-        : recorder({{"centro", bench.pbx.name, &bench.pbx.config}},
-                   [&bench, files](Thoroughness thoroughness) {
-                     return OpenSqliteOrSetAside(bench.path, thoroughness, bench.messages,
-                                                 files != nullptr ? files : bench.quick.name());
-                   }),
-          backlog({"centro"}, bench.open_spill, bench.memory, bench.messages,
-                  [] { return test::kReceived; }),
-          writer(backlog, recorder, bench.limits, bench.messages) {
-      recorder.Open(Thoroughness::kQuick);
-      recorder.CatchUp();
-      backlog.ContinueFrom(0, recorder.Row(0).last, recorder.Row(0).place);
-    }
-    void Put(const std::string& line, bool can_wait = false) {
-      backlog.Put(0, line, Wholeness::kWhole, {}, can_wait);
-    }
-
-    Recorder recorder;
-    Backlog backlog;
-    Writer writer;
-  };
-
-  void ExpectAll(std::size_t count) {
-    test::ExpectAllKept(
-        path, "centro", pbx.config,
-        {pbx.lines.begin(), pbx.lines.begin() + static_cast<std::ptrdiff_t>(count)});
-  }
-  std::int64_t Counted(Incident incident) {
-    return test::ReadStore(path, "centro").summary.incidents[incident];
-  }
-
-  test::Switch pbx{"nortel-meridian"};
-  FaultyFiles quick;  // does not wait for the disk
-  test::TemporaryFolder folder;
-  std::filesystem::path path = folder.path() / "lineas.db";
-  std::ostringstream told;
-  Messages messages{told};
-  Writer::Limits limits;
-  Backlog::Limits memory;
-  OpenDatabase open_spill;
-};
 
 TEST(WriterOfLines, WritesAllBeforeItStops) {
   WriterBench bench;
