@@ -3,6 +3,7 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <set>
 
 #include "capture/odbc_database.h"
 #include "capture/store_address.h"
@@ -12,6 +13,8 @@ namespace {
 
 // How often it is asked whether the store answers.
 constexpr std::chrono::milliseconds kWatch{500};
+// How long sources may take to end.
+constexpr std::chrono::milliseconds kLastBytes{3000};
 
 std::string SpillAddress(const CaptureOptions& options) {
   if (!options.spill.empty()) return options.spill;
@@ -93,17 +96,20 @@ class Run {
             place,
             options_.once,
             options_.source,
-            [this] {
-              if (++ended_ == sources_.size()) End();
-            }};
+            [this, i] { Ended(i); }};
+  }
+
+  void Ended(std::size_t i) {
+    ended_.insert(i);
+    if (ended_.size() == sources_.size()) loop_.Stop();
   }
 
   void End() {
-    ending_ = true;
-    for (const auto& source : sources_) {
-      if (source != nullptr) source->Stop();
+    if (std::exchange(ending_, true)) return;
+    for (std::size_t i = 0; i < sources_.size(); ++i) {
+      sources_[i] != nullptr ? sources_[i]->Stop() : Ended(i);
     }
-    loop_.Stop();
+    loop_.After(kLastBytes, [this] { loop_.Stop(); });
   }
 
   const CaptureOptions options_;
@@ -116,7 +122,7 @@ class Run {
   std::optional<Writer> writer_;
   Loop loop_;
   std::vector<std::unique_ptr<Source>> sources_;
-  std::size_t ended_ = 0;
+  std::set<std::size_t> ended_;
   bool ending_ = false;
   bool refused_ = false;
 };

@@ -24,7 +24,10 @@ class FileSource final : public Source {
               context.place, context.line_end, context.limits.line) {}
 
   void Start() override { Poll(); }
-  void Stop() override { stopped_ = true; }  // what is not over is read again next time
+  void Stop() override {  // what is not over is read again next time
+    stopped_ = true;
+    context_.ended();
+  }
 
  private:
   void Poll() {
@@ -80,17 +83,24 @@ class StandardInput final : public Source {
   }
 
   void Stop() override {
-    Leave();
-    inlet_.Break();
+    stopping_ = true;
+    AwaitLastBytes(
+        context_.loop, [this] { return std::exchange(came_, false); },
+        [this] {
+          Leave();
+          inlet_.Break();
+          context_.ended();
+        });
   }
 
  private:
   void Take(const std::string& bytes) {
-    if (stopped_) return;
+    if (left_) return;
+    came_ = true;
     if (bytes.empty()) {
       inlet_.End();
       context_.ended();
-    } else if (inlet_.MustWait()) {
+    } else if (inlet_.MustWait() && !stopping_) {
       return context_.loop.After(kWaitStep, [this, bytes] { Take(bytes); });
     } else {
       inlet_.Take(bytes);
@@ -100,7 +110,7 @@ class StandardInput final : public Source {
     exchange_->taken.notify_all();
   }
   void Leave() {
-    stopped_ = true;
+    left_ = true;
     const std::lock_guard lock(exchange_->mutex);
     exchange_->loop = nullptr;
     exchange_->taken.notify_all();
@@ -109,7 +119,9 @@ class StandardInput final : public Source {
   const SourceContext context_;
   Inlet inlet_;
   std::shared_ptr<InputExchange> exchange_;
-  bool stopped_ = false;
+  bool came_ = false;
+  bool stopping_ = false;
+  bool left_ = false;
 };
 
 }  // namespace

@@ -37,7 +37,7 @@ enum class Incident : std::uint8_t {
   kParity = 2,
   kOverrun = 3,
   kConnectionLost = 4,
-  kConnectionRefused = 5,
+  kConnectionDropped = 5,  // to make room for another
   kSpilled = 6,
   kLost = 7,
   kUnprintable = 8,

@@ -1,9 +1,9 @@
 #include <array>
 
+#include "capture/line_quality.h"
 #include "capture/loop_inner.h"
 #include "capture/source.h"
 #include "capture/system.h"
-#include "capture/unprintable.h"
 
 namespace conmuta::capture {
 namespace {
@@ -40,7 +40,8 @@ class SerialSource final : public Source {
         inlet_(context, context.address.serial.flow == Flow::kHardware),
         pause_(context.limits),
         complaint_(context.messages),
-        line_errors_(context.messages) {}
+        quality_(context.backlog, context.messages, context.index, context.name,
+                 context.address.path) {}
 
   void Start() override {
     std::error_code error;
@@ -60,61 +61,50 @@ class SerialSource final : public Source {
 
   void Stop() override {
     stopped_ = true;
-    std::error_code ignored;
-    port_.close(ignored);
-    inlet_.Break();
+    if (!port_.is_open()) return context_.ended();
+    Read();
+    AwaitLastBytes(
+        context_.loop, [this] { return std::exchange(came_, false); }, [this] { Cancel(); });
   }
 
  private:
   void Read() {
-    if (stopped_ || !port_.is_open()) return;
-    if (inlet_.MustWait()) return context_.loop.After(kWaitStep, [this] { Read(); });
-    port_.async_read_some(asio::buffer(room_),
-                          [this](const std::error_code& error, std::size_t count) {
-                            if (stopped_) return;
-                            Took(error, count);
-                          });
+    if (is_reading_ || !port_.is_open()) return;
+    if (!stopped_ && inlet_.MustWait()) {
+      return context_.loop.After(kWaitStep, [this] { Read(); });
+    }
+    is_reading_ = true;
+    port_.async_read_some(asio::buffer(room_), [this](const std::error_code& error,
+                                                      std::size_t count) { Took(error, count); });
   }
 
   void Took(const std::error_code& error, std::size_t count) {
+    is_reading_ = false;
     if (count > 0) {
+      came_ = true;
       pause_.Reset();
-      unprintable_.Take({room_.data(), count});
+      quality_.Take({room_.data(), count});
       inlet_.Take({room_.data(), count});
     }
     if (!error) return Read();
     std::error_code ignored;
     port_.close(ignored);
     inlet_.Break();
+    if (stopped_) return context_.ended();
     context_.backlog.Count(context_.index, Incident::kConnectionLost, 1);
     TryLater(error);
   }
 
-  // What the port knows comes before what can be guessed from the bytes.
-  void AskErrors(int opening) {
-    if (stopped_ || opening != openings_ || !port_.is_open()) return;
-    const auto handle = (std::intptr_t)port_.native_handle();
-    if (const auto errors = counter_.Take(handle)) {
-      Count(Incident::kFraming, errors->framing);
-      Count(Incident::kParity, errors->parity);
-      Count(Incident::kOverrun, errors->overrun);
-      if (errors->framing + errors->parity > 0) {
-        knows_errors_ = true;
-        line_errors_.Tell(context_.name + ": errores de " +
-                          (errors->framing > 0 ? "trama" : "paridad") + " en " +
-                          context_.address.path + "; ¿otra velocidad, otra paridad?");
-      }
-    }
-    if (const std::int64_t blocks = unprintable_.Suspicious(); blocks > 0 && !knows_errors_) {
-      Count(Incident::kUnprintable, blocks);
-      line_errors_.Tell(context_.name + ": por " + context_.address.path +
-                        " vienen bytes que no son texto; ¿otra velocidad, otra paridad?");
-    }
-    context_.loop.After(kAskErrors, [this, opening] { AskErrors(opening); });
+  // What is being read may have come already: it is heard of, then the port is closed.
+  void Cancel() {
+    std::error_code ignored;
+    if (port_.is_open()) port_.cancel(ignored);
   }
 
-  void Count(Incident incident, std::int64_t count) {
-    if (count > 0) context_.backlog.Count(context_.index, incident, count);
+  void AskErrors(int opening) {
+    if (stopped_ || opening != openings_ || !port_.is_open()) return;
+    quality_.Look(counter_.Take((std::intptr_t)port_.native_handle()));
+    context_.loop.After(kAskErrors, [this, opening] { AskErrors(opening); });
   }
 
   void TryLater(const std::error_code& error) {
@@ -130,12 +120,12 @@ class SerialSource final : public Source {
   Inlet inlet_;
   GrowingPause pause_;
   Complaint complaint_;
-  Complaint line_errors_;
   SerialErrorCounter counter_;
-  UnprintableGuess unprintable_;
-  bool knows_errors_ = false;
+  LineQuality quality_;
   int openings_ = 0;
   bool stopped_ = false;
+  bool is_reading_ = false;
+  bool came_ = false;
   std::array<char, 4096> room_;
 };
 

@@ -2,6 +2,14 @@
 
 namespace conmuta::capture {
 
+void AwaitLastBytes(Loop& loop, std::function<bool()> came, std::function<void()> end, int rounds) {
+  constexpr std::chrono::milliseconds kMoment{50};
+  loop.After(kMoment, [&loop, came = std::move(came), end = std::move(end), rounds] {
+    if (rounds > 0 && came()) return AwaitLastBytes(loop, came, end, rounds - 1);
+    end();
+  });
+}
+
 void Inlet::Take(std::string_view bytes) {
   cutter_.Take(bytes, [&](std::string line, Wholeness wholeness, std::size_t) {
     backlog_.Put(source_, std::move(line), wholeness, {}, can_wait_);

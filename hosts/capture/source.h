@@ -35,16 +35,22 @@ struct SourceContext {
   std::string place;  // where it went on last time
   bool once;          // a file is read to its end only
   SourceLimits limits;
-  std::function<void()> ended;  // nothing more will come
+  std::function<void()> ended;  // nothing more will come; may be told again
 };
 
 class Source {
  public:
   virtual ~Source() = default;
   virtual void Start() = 0;
-  // Hands over what has come.
+  // Hands over what the system has already, and what came of a line that is not over; `ended` tells
+  // when that is done.
   virtual void Stop() = 0;
 };
+
+// At the end of a source: reading goes on until nothing has come for a moment, but not for long.
+// `came` tells whether something has since it was asked last.
+void AwaitLastBytes(Loop& loop, std::function<bool()> came, std::function<void()> end,
+                    int rounds = 20);
 
 std::unique_ptr<Source> MakeTcpClient(const SourceContext& context);
 std::unique_ptr<Source> MakeTcpServer(const SourceContext& context);

@@ -13,7 +13,7 @@ constexpr std::pair<Incident, const char*> kIncidents[] = {
     {Incident::kParity, "errores de paridad"},
     {Incident::kOverrun, "bytes perdidos en el puerto"},
     {Incident::kConnectionLost, "conexiones perdidas"},
-    {Incident::kConnectionRefused, "conexiones rechazadas"},
+    {Incident::kConnectionDropped, "conexiones cerradas para atender otra"},
     {Incident::kSpilled, "líneas que esperaron en el derrame"},
     {Incident::kLost, "LÍNEAS PERDIDAS"},
     {Incident::kUnprintable, "bloques de bytes que no son texto"},

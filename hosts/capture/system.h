@@ -16,6 +16,10 @@ std::string SystemText(const std::error_code& error);
 // Whether asking for a port that was just in use keeps others out.
 bool ReuseIsSafe();
 
+// A TCP connection that is quiet for 30 s is asked every 10 s whether the other end is there, and
+// is lost after three times without an answer, where the system lets that be chosen.
+void WatchConnection(std::intptr_t socket);
+
 // Reads what the program is given; 0 at the end or when there is none. Waits.
 std::size_t ReadStandardInput(char* room, std::size_t size);
 

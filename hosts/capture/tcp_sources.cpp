@@ -14,76 +14,102 @@ using std::chrono::milliseconds;
 
 // How soon a sender that had to wait is looked at again.
 constexpr milliseconds kWaitStep{20};
-// What is read of a connection that we end ourselves.
-constexpr std::size_t kLastBytes = 1 << 20;
+
+struct ConnectionEvents {
+  std::function<void()> heard;  // its first bytes came
+  std::function<void(const std::error_code&)> ended;
+};
 
 // Reads one connection until it ends.
 class Connection : public std::enable_shared_from_this<Connection> {
  public:
+  using Clock = std::chrono::steady_clock;
+
   Connection(const SourceContext& context, tcp::socket socket, std::int64_t bytes_a_second,
-             std::function<void(const std::error_code&)> ended)
+             ConnectionEvents events)
       : loop_(context.loop),
         socket_(std::move(socket)),
         inlet_(context, true),
         allowed_(bytes_a_second),
-        ended_(std::move(ended)) {}
+        events_(std::move(events)) {
+    WatchConnection((std::intptr_t)socket_.native_handle());
+  }
 
   // Nothing is read while the store does not keep up: then the sender waits.
   void Read() {
-    if (!socket_.is_open()) return;
+    if (is_reading_ || !socket_.is_open()) return;
     const auto self = shared_from_this();
-    if (inlet_.MustWait() || TooFast()) {
+    const std::size_t room = stopped_ ? room_.size() : std::min(room_.size(), Allowance());
+    if (!stopped_ && (room == 0 || inlet_.MustWait())) {
       return loop_.After(kWaitStep, [self] { self->Read(); });
     }
+    is_reading_ = true;
     socket_.async_read_some(
-        asio::buffer(room_),
+        asio::buffer(room_.data(), room),
         [self](const std::error_code& error, std::size_t count) { self->Took(error, count); });
   }
 
-  // What the system has already is taken, and then the connection ended.
-  void Stop() {
-    std::error_code error;
-    std::size_t taken = 0;
-    while (socket_.is_open() && taken < kLastBytes && socket_.available(error) > 0 && !error) {
-      const std::size_t count = socket_.read_some(asio::buffer(room_), error);
-      if (error) break;
-      inlet_.Take({room_.data(), count});
-      taken += count;
-    }
-    Close();
-  }
-
- private:
-  void Took(const std::error_code& error, std::size_t count) {
-    if (!socket_.is_open()) return;
-    if (count > 0) inlet_.Take({room_.data(), count});
-    in_this_second_ += static_cast<std::int64_t>(count);
-    if (!error) return Read();
-    Close();
-    ended_(error);
+  // Takes what the system has already, and ends the connection.
+  void Stop(std::function<void()> stopped) {
+    stopped_ = std::move(stopped);
+    Read();
+    const auto self = shared_from_this();
+    AwaitLastBytes(
+        loop_, [self] { return std::exchange(self->came_, false); }, [self] { self->Cancel(); });
   }
   void Close() {
-    if (!socket_.is_open()) return;
     inlet_.Break();
     std::error_code ignored;
     socket_.close(ignored);
   }
-  bool TooFast() {
-    const auto now = std::chrono::steady_clock::now();
+
+  Clock::time_point heard_last() const { return heard_last_; }
+
+ private:
+  void Took(const std::error_code& error, std::size_t count) {
+    is_reading_ = false;
+    if (count > 0) Take({room_.data(), count});
+    if (!error && socket_.is_open()) return Read();
+    const bool was_closed = !socket_.is_open();
+    Close();
+    if (stopped_) return stopped_();
+    if (!was_closed) events_.ended(error);
+  }
+  void Take(std::string_view bytes) {
+    inlet_.Take(bytes);
+    came_ = true;
+    heard_last_ = Clock::now();
+    in_this_second_ += bytes.size();
+    if (events_.heard) std::exchange(events_.heard, nullptr)();
+  }
+  // What is being read may have come already: it is heard of, then the connection is closed.
+  void Cancel() {
+    std::error_code ignored;
+    if (socket_.is_open()) socket_.cancel(ignored);
+  }
+  // How many bytes may be read now.
+  std::size_t Allowance() {
+    if (allowed_ <= 0) return room_.size();
+    const auto now = Clock::now();
     if (now - second_ >= std::chrono::seconds(1)) {
       second_ = now;
       in_this_second_ = 0;
     }
-    return allowed_ > 0 && in_this_second_ >= allowed_;
+    const auto allowed = static_cast<std::size_t>(allowed_);
+    return allowed - std::min(allowed, in_this_second_);
   }
 
   Loop& loop_;
   tcp::socket socket_;
   Inlet inlet_;
   std::int64_t allowed_;
-  std::int64_t in_this_second_ = 0;
-  std::chrono::steady_clock::time_point second_{};
-  std::function<void(const std::error_code&)> ended_;
+  ConnectionEvents events_;
+  std::function<void()> stopped_;  // once it is to end
+  bool is_reading_ = false;
+  bool came_ = false;
+  std::size_t in_this_second_ = 0;
+  Clock::time_point second_{};
+  Clock::time_point heard_last_ = Clock::now();
   std::array<char, 65536> room_;
 };
 
@@ -109,7 +135,8 @@ class TcpClient final : public Source {
     std::error_code ignored;
     socket_.close(ignored);
     resolver_.cancel();
-    if (connection_ != nullptr) connection_->Stop();
+    if (connection_ == nullptr) return context_.ended();
+    connection_->Stop(context_.ended);
   }
 
  private:
@@ -124,15 +151,15 @@ class TcpClient final : public Source {
 
   void Connected() {
     complaint_.Over(context_.name + ": hay conexión otra vez");
-    pause_.Reset();
-    std::error_code ignored;
-    socket_.set_option(asio::socket_base::keep_alive(true), ignored);
     connection_ = std::make_shared<Connection>(
         context_, std::exchange(socket_, tcp::socket(context_.loop.inner().context)), 0,
-        [this](const std::error_code& error) {
-          context_.backlog.Count(context_.index, Incident::kConnectionLost, 1);
-          TryLater(error);
-        });
+        // One that takes connections and ends them at once is not asked all the time.
+        ConnectionEvents{[this] { pause_.Reset(); },
+                         [this](const std::error_code& error) {
+                           connection_.reset();
+                           context_.backlog.Count(context_.index, Incident::kConnectionLost, 1);
+                           TryLater(error);
+                         }});
     connection_->Read();
   }
 
@@ -161,7 +188,7 @@ class TcpServer final : public Source {
         acceptor_(context.loop.inner().context),
         pause_(context.limits),
         complaint_(context.messages),
-        refusals_(context.messages) {}
+        crowd_(context.messages) {}
 
   void Start() override {
     std::error_code error;
@@ -183,7 +210,13 @@ class TcpServer final : public Source {
     stopped_ = true;
     std::error_code ignored;
     acceptor_.close(ignored);
-    for (const auto& connection : connections_) connection->Stop();
+    if (connections_.empty()) return context_.ended();
+    const auto left = std::make_shared<std::size_t>(connections_.size());
+    for (const auto& connection : connections_) {
+      connection->Stop([this, left] {
+        if (--*left == 0) context_.ended();
+      });
+    }
   }
 
  private:
@@ -213,30 +246,35 @@ class TcpServer final : public Source {
   }
 
   void Take(tcp::socket socket) {
-    if (connections_.size() >= context_.limits.connections) {
-      context_.backlog.Count(context_.index, Incident::kConnectionRefused, 1);
-      refusals_.Tell(context_.name + ": se rechaza una conexión: ya hay " +
-                     std::to_string(connections_.size()));
-      return;
-    }
-    std::error_code ignored;
-    socket.set_option(asio::socket_base::keep_alive(true), ignored);
+    if (connections_.size() >= context_.limits.connections) DropOne();
     connections_.emplace_back();
     const auto place = std::prev(connections_.end());
     *place = std::make_shared<Connection>(
         context_, std::move(socket), context_.limits.bytes_a_second,
-        [this, place](const std::error_code&) {
-          context_.backlog.Count(context_.index, Incident::kConnectionLost, 1);
-          connections_.erase(place);
-        });
+        ConnectionEvents{{}, [this, place](const std::error_code&) {
+                           context_.backlog.Count(context_.index, Incident::kConnectionLost, 1);
+                           connections_.erase(place);
+                         }});
     (*place)->Read();
+  }
+
+  // A PBX that lost its line without a word calls anew: what it left behind must not keep it out.
+  void DropOne() {
+    const auto silent = std::min_element(
+        connections_.begin(), connections_.end(),
+        [](const auto& a, const auto& b) { return a->heard_last() < b->heard_last(); });
+    crowd_.Tell(context_.name + ": ya hay " + std::to_string(connections_.size()) +
+                " conexiones; se cierra la que más tiempo lleva callada");
+    context_.backlog.Count(context_.index, Incident::kConnectionDropped, 1);
+    (*silent)->Close();
+    connections_.erase(silent);
   }
 
   const SourceContext context_;
   tcp::acceptor acceptor_;
   GrowingPause pause_;
   Complaint complaint_;
-  Complaint refusals_;
+  Complaint crowd_;
   std::list<std::shared_ptr<Connection>> connections_;
   bool stopped_ = false;
 };

@@ -2,7 +2,10 @@
 
 #include <fcntl.h>
 #include <linux/serial.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/ioctl.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
@@ -18,6 +21,16 @@ std::string SystemText(const std::error_code& error) {
 
 bool ReuseIsSafe() {
   return true;
+}
+
+void WatchConnection(std::intptr_t socket) {
+  const auto set = [socket](int level, int option, int value) {
+    setsockopt(static_cast<int>(socket), level, option, &value, sizeof value);
+  };
+  set(IPPROTO_TCP, TCP_KEEPIDLE, 30);
+  set(IPPROTO_TCP, TCP_KEEPINTVL, 10);
+  set(IPPROTO_TCP, TCP_KEEPCNT, 3);
+  set(SOL_SOCKET, SO_KEEPALIVE, 1);
 }
 
 std::size_t ReadStandardInput(char* room, std::size_t size) {

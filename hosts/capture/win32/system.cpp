@@ -1,6 +1,10 @@
 #include "capture/system.h"
 
+#include <winsock2.h>
+// Behind winsock2.h.
 #include <windows.h>
+
+#include <mstcpip.h>
 
 #include <array>
 
@@ -28,6 +32,18 @@ std::string SystemText(const std::error_code& error) {
 
 bool ReuseIsSafe() {
   return false;
+}
+
+// How often it is asked is the system's own affair before Windows 10: ten times.
+void WatchConnection(std::intptr_t socket) {
+  tcp_keepalive wish{1, 30'000, 10'000};
+  DWORD answered = 0;
+  WSAIoctl(static_cast<SOCKET>(socket), SIO_KEEPALIVE_VALS, &wish, sizeof wish, nullptr, 0,
+           &answered, nullptr, nullptr);
+  constexpr int kTimesAsked = 16;  // TCP_KEEPCNT
+  const DWORD times = 3;
+  setsockopt(static_cast<SOCKET>(socket), IPPROTO_TCP, kTimesAsked,
+             reinterpret_cast<const char*>(&times), sizeof times);
 }
 
 std::size_t ReadStandardInput(char* room, std::size_t size) {
