@@ -26,6 +26,8 @@ class Backlog {
   struct Limits {
     std::size_t memory = 8 << 20;   // bytes; above that sources wait, or lines are spilled
     std::size_t refuse = 64 << 20;  // bytes; above that lines of sources that cannot wait are lost
+    std::chrono::milliseconds first_pause{250};  // after a failure of the spill; doubles
+    std::chrono::milliseconds longest_pause{10000};
   };
 
   Backlog(std::vector<std::string> sources, OpenDatabase open_spill, Limits limits,
@@ -47,7 +49,7 @@ class Backlog {
   // Waits until there are lines, and then `delay` for more of them, though not for more than
   // `enough`. Gives whether there is anything to write.
   bool Wait(std::chrono::milliseconds delay, std::size_t enough);
-  // Wait does not wait any more.
+  // Wait does not wait any more, and a spill that failed is tried again at once.
   void Hurry();
 
   // The next lines for the store, and what was counted meanwhile; the same until Done.
@@ -57,7 +59,8 @@ class Backlog {
     bool spilled = false;
     bool Empty() const { return lines.empty() && incidents.empty(); }
   };
-  const Batch& Next(std::size_t count);
+  // Null while the spill holds some that cannot be read, which is told: none overtakes them.
+  const Batch* Next(std::size_t count);
   void Done();
 
   // Puts all lines on the disk. False when that fails.
@@ -71,8 +74,12 @@ class Backlog {
   // With what the writer has in hand: a place in the spill must have nothing before it that is not
   // on the disk.
   bool SpillMemory();
-  Spill& OpenSpill();
+  // False when the spill fails, or did so a moment ago.
+  template <class Work>
+  bool UseSpill(Work work);
+  void OpenSpill();
   void SpillFailed(const StoreError& error);
+  bool SpillHoldsLines() const { return spill_ ? spill_->count() > 0 : spill_held_lines_; }
   // Adds to the numbers of what is in memory, and of what will come.
   void Shift(std::size_t source, std::int64_t shift);
 
@@ -82,14 +89,20 @@ class Backlog {
   OpenDatabase open_spill_;
   Limits limits_;
   Complaint spill_complaint_;
+  Complaint lost_complaint_;
   Now now_;
   std::vector<std::int64_t> last_;
   std::deque<Arrival> memory_;
   std::size_t bytes_ = 0;
   Incidents incidents_;
   std::optional<Spill> spill_;
-  bool spill_known_ = false;  // what is in it since before was taken into account
-  Batch batch_;               // with the writer
+  std::vector<std::int64_t> taken_;  // of the spill's lines, by source
+  Thoroughness spill_opening_ = Thoroughness::kChecked;
+  bool spill_known_ = false;       // what is in it since before was taken into account
+  bool spill_held_lines_ = false;  // when it was closed
+  std::chrono::milliseconds spill_pause_;
+  std::chrono::steady_clock::time_point spill_again_{};
+  Batch batch_;  // with the writer
   bool hurry_ = false;
 };
 

@@ -2,8 +2,12 @@
 
 namespace conmuta::capture {
 
-Spill::Spill(std::vector<std::string> sources, const OpenDatabase& open)
-    : names_(std::move(sources)), database_(open(Thoroughness::kChecked)), ends_(names_.size()) {
+Spill::Spill(std::vector<std::string> sources, std::vector<std::int64_t> taken,
+             std::unique_ptr<Database> database)
+    : names_(std::move(sources)),
+      taken_(std::move(taken)),
+      database_(std::move(database)),
+      ends_(names_.size()) {
   database_->Run(
       "CREATE TABLE IF NOT EXISTS derrame(fuente TEXT NOT NULL, numero BIGINT NOT NULL, "
       "momento BIGINT NOT NULL, estado BIGINT NOT NULL, bytes BLOB NOT NULL, lugar TEXT NOT NULL, "
@@ -12,19 +16,21 @@ Spill::Spill(std::vector<std::string> sources, const OpenDatabase& open)
       "INSERT INTO derrame(fuente, numero, momento, estado, bytes, lugar) "
       "VALUES(?, ?, ?, ?, ?, ?) ON CONFLICT DO NOTHING");
   first_ = database_->Prepare(
-      "SELECT numero, momento, estado, bytes, lugar FROM derrame WHERE fuente = ? "
-      "ORDER BY numero LIMIT ?");
-  remove_ = database_->Prepare("DELETE FROM derrame WHERE fuente = ? AND numero = ?");
+      "SELECT numero, momento, estado, bytes, lugar FROM derrame "
+      "WHERE fuente = ? AND numero > ? ORDER BY numero LIMIT ?");
+  remove_ = database_->Prepare("DELETE FROM derrame WHERE fuente = ? AND numero BETWEEN 1 AND ?");
   FindEnds();
 }
 
 void Spill::FindEnds() {
-  const auto count = database_->Prepare("SELECT COUNT(*) FROM derrame WHERE fuente = ?");
+  const auto count = database_->Prepare(
+      "SELECT COUNT(*) FROM derrame WHERE fuente = ? AND numero NOT BETWEEN 1 AND ?");
   const auto last = database_->Prepare(
       "SELECT numero, lugar FROM derrame WHERE fuente = ? AND (numero > 0) = ? "
       "ORDER BY numero DESC LIMIT 1");
   for (std::size_t i = 0; i < names_.size(); ++i) {
     count->BindText(0, names_[i]);
+    count->Bind(1, taken_[i]);
     if (count->Step()) count_ += count->Number(0);
     count->Reset();
     for (const bool numbered : {false, true}) {
@@ -82,7 +88,8 @@ std::vector<Arrival> Spill::First(std::size_t count) {
   std::vector<Arrival> lines;
   for (std::size_t i = 0; i < names_.size() && lines.size() < count; ++i) {
     first_->BindText(0, names_[i]);
-    first_->Bind(1, static_cast<std::int64_t>(count - lines.size()));
+    first_->Bind(1, taken_[i]);
+    first_->Bind(2, static_cast<std::int64_t>(count - lines.size()));
     while (first_->Step()) {
       Received line;
       line.number = first_->Number(0);
@@ -96,16 +103,16 @@ std::vector<Arrival> Spill::First(std::size_t count) {
   return lines;
 }
 
-void Spill::Remove(std::span<const Arrival> lines) {
-  std::int64_t removed = 0;
+void Spill::Take(std::span<const Arrival> lines) {
+  count_ -= static_cast<std::int64_t>(lines.size());
+  for (const Arrival& arrival : lines) taken_[arrival.source] = arrival.line.number;
   InTransaction([&] {
-    for (const Arrival& arrival : lines) {
-      remove_->BindText(0, names_[arrival.source]);
-      remove_->Bind(1, arrival.line.number);
-      removed += remove_->Run();
+    for (std::size_t i = 0; i < names_.size(); ++i) {
+      remove_->BindText(0, names_[i]);
+      remove_->Bind(1, taken_[i]);
+      remove_->Run();
     }
   });
-  count_ -= removed;
 }
 
 }  // namespace conmuta::capture

@@ -14,16 +14,21 @@ namespace conmuta::capture {
 // Everything throws StoreError.
 class Spill {
  public:
-  Spill(std::vector<std::string> sources, const OpenDatabase& open);
+  // Of each source lines up to the number in `taken` are done with, whether they are there or not.
+  Spill(std::vector<std::string> sources, std::vector<std::int64_t> taken,
+        std::unique_ptr<Database> database);
 
   // All of them or none; those that are there already change nothing.
   void Add(std::span<const Arrival> lines);
 
   // At most so many, those of one source in the order of their numbers.
   std::vector<Arrival> First(std::size_t count);
-  void Remove(std::span<const Arrival> lines);
+  // The first ones are done with: they do not come again, even where their room cannot be given
+  // back now.
+  void Take(std::span<const Arrival> lines);
+  const std::vector<std::int64_t>& taken() const { return taken_; }
 
-  // Of the sources that are known here.
+  // Of the sources that are known here, without those that are done with.
   std::int64_t count() const { return count_; }
   // The line of a source with the highest number that was there at the beginning; number 0 when
   // there was none.
@@ -44,6 +49,7 @@ class Spill {
   void FindEnds();
 
   std::vector<std::string> names_;
+  std::vector<std::int64_t> taken_;
   std::unique_ptr<Database> database_;
   std::unique_ptr<Statement> add_, first_, remove_;
   std::vector<Ends> ends_;

@@ -179,7 +179,7 @@ std::unique_ptr<Database> OpenSqliteOrSetAside(const std::filesystem::path& path
         throw StoreError(StoreError::Kind::kFailed, "no se puede apartar " + Utf8(path));
       }
     }
-    messages.Tell("el almacén está dañado (" + std::string(error.what()) + "); se apartó como " +
+    messages.Tell(Utf8(path) + " está dañado (" + error.what() + "); se apartó como " +
                   Utf8(aside) + " y se empieza otro");
     return OpenSqlite(path, Access::kReadWrite, Thoroughness::kQuick, vfs);
   }

@@ -87,15 +87,15 @@ bool Writer::WriteNext() try {
   busy_since_ = Clock::now().time_since_epoch();
   recorder_.Open(next_opening_);
   next_opening_ = Thoroughness::kQuick;
-  const bool can_write = reached_ || Reach();
-  if (can_write) {
-    const Backlog::Batch& batch = backlog_.Next(limits_.lines);
-    recorder_.Record(batch.lines, batch.incidents);
+  const Backlog::Batch* batch = nullptr;
+  if (reached_ || Reach()) batch = backlog_.Next(limits_.lines);
+  if (batch != nullptr) {
+    recorder_.Record(batch->lines, batch->incidents);
     backlog_.Done();
   }
   busy_since_ = Clock::duration::zero();
   complaint_.Over("el almacén vuelve a tomar líneas");
-  return can_write;
+  return batch != nullptr;
 } catch (const StoreError& error) {
   complaint_.Tell(std::string("el almacén no toma líneas: ") + error.what());
   // Whether a commit that failed was one only the store can tell.

@@ -4,6 +4,7 @@
 #include <condition_variable>
 #include <mutex>
 
+#include "capture/hooked_database.h"
 #include "capture/writer_bench.h"
 
 namespace conmuta::capture {
@@ -41,32 +42,14 @@ class Gate {
   int waiting_ = 0;
 };
 
-// Commits behind the gate.
-class GatedDatabase final : public Database {
- public:
-  GatedDatabase(std::unique_ptr<Database> database, Gate& gate)
-      : database_(std::move(database)), gate_(gate) {}
-
-  std::unique_ptr<Statement> Prepare(const std::string& sql) override {
-    return database_->Prepare(sql);
-  }
-  void Run(const std::string& sql) override {
-    if (sql == "COMMIT") gate_.Pass();
-    database_->Run(sql);
-  }
-  std::string BytesType() const override { return database_->BytesType(); }
-  void Rollback() noexcept override { database_->Rollback(); }
-
- private:
-  std::unique_ptr<Database> database_;
-  Gate& gate_;
-};
-
 struct SilentStore : ::testing::Test {
   SilentStore() {
     bench.limits.end = bench.limits.patience = 50ms;
     bench.open_store = [this](Thoroughness thoroughness) {
-      return std::make_unique<GatedDatabase>(bench.OpenFile(nullptr)(thoroughness), gate);
+      return std::make_unique<test::HookedDatabase>(bench.OpenFile(nullptr)(thoroughness),
+                                                    [this](const std::string& sql) {
+                                                      if (sql == "COMMIT") gate.Pass();
+                                                    });
     };
   }
   // Lines of which some are with the store when it falls silent.
@@ -175,17 +158,17 @@ TEST_F(StoreThatIsAway, NumbersThatWereGivenOnceStay) {
   auto backlog = make();
   backlog->Put(0, "later", Wholeness::kWhole, {}, true);
   EXPECT_TRUE(backlog->ContinueFrom(0, 40, {}));
-  EXPECT_EQ(backlog->Next(1).lines.at(0).line.number, 41);
+  EXPECT_EQ(backlog->Next(1)->lines.at(0).line.number, 41);
   backlog = make();
   backlog->Put(0, "later", Wholeness::kWhole, {}, true);
   EXPECT_TRUE(backlog->ContinueFrom(0, 41, {}));
-  const auto& lines = backlog->Next(100).lines;
+  const auto& lines = backlog->Next(100)->lines;
   ASSERT_EQ(lines.size(), 5U);
   EXPECT_EQ(lines.front().line.number, 41);
   EXPECT_EQ(lines.back().line.number, 45);
   EXPECT_EQ(lines.front().line.bytes, bench.pbx.lines[0]);
   backlog->Done();
-  EXPECT_EQ(backlog->Next(100).lines.at(0).line.number, 46);
+  EXPECT_EQ(backlog->Next(100)->lines.at(0).line.number, 46);
 }
 
 }  // namespace

@@ -126,12 +126,12 @@ TEST(Backlog, ASourceGoesOnBehindWhatWasSpilled) {
   EXPECT_EQ(backlog->ContinueFrom(0, 5, "stored"), "stored");
   backlog->Put(0, "seis", Wholeness::kWhole, "behind six", true);
   backlog->Put(0, "siete", Wholeness::kWhole, "behind seven", true);
-  EXPECT_EQ(backlog->Next(1).lines.size(), 1U);  // the writer has it in hand
+  EXPECT_EQ(backlog->Next(1)->lines.size(), 1U);  // the writer has it in hand
   EXPECT_TRUE(backlog->SpillAll());
 
   backlog = make();
   EXPECT_EQ(backlog->ContinueFrom(0, 5, "stored"), "behind seven");
-  EXPECT_EQ(backlog->Next(10).lines.size(), 2U);
+  EXPECT_EQ(backlog->Next(10)->lines.size(), 2U);
   backlog = make();
   EXPECT_EQ(backlog->ContinueFrom(0, 9, "stored"), "stored");  // the store has come further
 }

@@ -58,7 +58,7 @@ class SourceBench {
   // All lines so far, with a mark where they are no whole ones.
   const std::vector<std::string>& Lines() {
     constexpr std::array<const char*, 4> kMarks = {"", "+", "~", "#"};
-    const auto& batch = backlog.Next(10000);
+    const auto& batch = *backlog.Next(10000);
     for (const Arrival& arrival : batch.lines) {
       lines_.push_back(arrival.line.bytes +
                        kMarks.at(static_cast<std::size_t>(arrival.line.wholeness)));
