@@ -21,7 +21,8 @@ class FileSource final : public Source {
       : context_(context),
         file_(std::filesystem::path(
                   std::u8string(context.address.path.begin(), context.address.path.end())),
-              context.place, context.line_end, context.limits.line) {}
+              context.place, context.line_end, context.limits.line),
+        absence_(context.messages) {}
 
   void Start() override { Poll(); }
   void Stop() override {  // what is not over is read again next time
@@ -36,10 +37,18 @@ class FileSource final : public Source {
       context_.backlog.Put(context_.index, std::move(line), wholeness, std::move(place), true);
     };
     if (context_.backlog.MustWait()) return Again(kWaitStep);
-    if (file_.Poll(put)) return Again(milliseconds(0));
+    const bool more = file_.Poll(put);
+    TellWhetherItIsThere();
+    if (more) return Again(milliseconds(0));
     if (!context_.once) return Again(context_.limits.poll);
     file_.TakeRest(put);
     context_.ended();
+  }
+  void TellWhetherItIsThere() {
+    const std::string file = context_.name + ": el archivo " + context_.address.path;
+    if (file_.IsThere()) return absence_.Over(file + " ya está");
+    if (std::exchange(is_absence_told_, true)) return;
+    absence_.Tell(file + " no se puede abrir; se lee en cuanto aparezca");
   }
   void Again(milliseconds time) {
     context_.loop.After(time, [this] { Poll(); });
@@ -47,6 +56,8 @@ class FileSource final : public Source {
 
   const SourceContext context_;
   GrowingFile file_;
+  Complaint absence_;
+  bool is_absence_told_ = false;
   bool stopped_ = false;
 };
 

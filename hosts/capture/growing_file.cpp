@@ -4,6 +4,8 @@
 #include <array>
 #include <charconv>
 
+#include "layouts/capture_head.h"
+
 namespace conmuta::capture {
 namespace {
 
@@ -35,6 +37,11 @@ bool ReadPlace(const std::string& place, std::int64_t& offset, std::int64_t& siz
   return read(offset) && read(size) && read(hash) && size >= 0 && size <= kHead;
 }
 
+bool IsHeadLine(std::string_view line, std::int64_t offset) {
+  if (offset == 0) line.remove_prefix(layouts::SizeOfMark(line));
+  return layouts::IsOfHead(line);
+}
+
 }  // namespace
 
 GrowingFile::GrowingFile(std::filesystem::path path, const std::string& place, char line_end,
@@ -52,6 +59,7 @@ GrowingFile::GrowingFile(std::filesystem::path path, const std::string& place, c
 
 void GrowingFile::Begin() {
   offset_ = line_begin_ = head_size_ = 0;
+  in_head_ = true;
   head_hash_ = 0;
   cutter_ = LineCutter(line_end_, line_limit_);
 }
@@ -64,6 +72,7 @@ bool GrowingFile::Poll(const Line& line) {
   if (!file_.IsOpen()) {
     if (!file_.Open(path_)) return false;
     if (IsAnother(file_)) Begin();
+    in_head_ = IsStillInHead();
   }
   if (file_.Size() >= offset_ && ReadNext(line)) return true;
   SharedFile present;
@@ -92,6 +101,8 @@ bool GrowingFile::ReadNext(const Line& line) {
   offset_ += static_cast<std::int64_t>(count);
   LearnHead();
   cutter_.Take({room.data(), count}, [&](std::string text, Wholeness wholeness, std::size_t used) {
+    in_head_ = in_head_ && IsHeadLine(text, line_begin_);
+    if (in_head_) wholeness = Wholeness::kHead;
     line_begin_ = begin + static_cast<std::int64_t>(used);
     line(std::move(text), wholeness, Place(line_begin_));
   });
@@ -102,6 +113,19 @@ void GrowingFile::LearnHead() {
   if (head_size_ == kHead) return;
   head_size_ = std::min(offset_, kHead);
   head_hash_ = HashHead(file_, head_size_);
+}
+
+bool GrowingFile::IsStillInHead() const {
+  if (offset_ > static_cast<std::int64_t>(kPiece)) return false;
+  std::string room(static_cast<std::size_t>(offset_), '\0');
+  std::string_view before(room.data(), file_.Read(0, room.data(), room.size()));
+  std::int64_t begin = 0;
+  while (!before.empty()) {
+    if (!IsHeadLine(before, begin)) return false;
+    before.remove_prefix(std::min(before.find(line_end_), before.size() - 1) + 1);
+    begin = 1;
+  }
+  return true;
 }
 
 void GrowingFile::TakeRest(const Line& line) {

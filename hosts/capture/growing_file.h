@@ -25,6 +25,8 @@ class GrowingFile {
 
   // Reads a piece of what is new. Gives whether there may be more at once.
   bool Poll(const Line& line);
+  // Whether there is such a file, as far as was seen.
+  bool IsThere() const { return file_.IsOpen(); }
   // At the end of a file that will not grow any more: the last line may lack its end.
   void TakeRest(const Line& line);
 
@@ -34,6 +36,8 @@ class GrowingFile {
   void Begin();
   std::string Place(std::int64_t offset);
   void LearnHead();
+  // Whether all before the place from which it goes on is head.
+  bool IsStillInHead() const;
 
   std::filesystem::path path_;
   char line_end_;
@@ -41,6 +45,7 @@ class GrowingFile {
   SharedFile file_;
   std::int64_t offset_ = 0;      // of what is read next
   std::int64_t line_begin_ = 0;  // of the line that is not over
+  bool in_head_ = true;          // only lines of a capture's head so far
   // What the file begins with, as far as it was read; two files that begin alike are told apart by
   // their length only.
   std::int64_t head_size_ = 0;

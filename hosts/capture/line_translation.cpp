@@ -1,5 +1,6 @@
 #include "capture/line_translation.h"
 
+#include "layouts/capture_head.h"
 #include "layouts/host_line.h"
 
 namespace conmuta::capture {
@@ -12,7 +13,8 @@ void LineTranslation::StartAfresh() {
 layouts::Outcome LineTranslation::Translate(const Received& line) {
   day_.Set(line.time_ms);
   printed_.clear();
-  for (const char c : line.bytes) {
+  const std::string_view bytes = line.bytes;
+  for (const char c : bytes.substr(layouts::SizeOfMark(bytes))) {
     if (layouts::IsPrinted(c)) printed_ += c;
   }
   LineObserver nobody;

@@ -11,6 +11,7 @@ enum class Wholeness : std::uint8_t {
   kWhole = 0,
   kCut = 1,   // a piece of a line that is longer than any line may be
   kTorn = 2,  // the connection ended before the line did
+  kHead = 3,  // no line of the PBX's, but one in front of them in a file, which tells of them
 };
 
 // What comes before the store can be asked how far it is gets numbers from here on, all below zero.

@@ -34,7 +34,8 @@ void Show(const SourceSummary& s, std::ostream& out) {
   out << Shown(s.row.name) << " (" << Shown(s.row.layout.empty() ? "sin traducir" : s.row.layout)
       << ")\n  " << s.lines << " líneas: " << s.calls << " llamadas, " << Sum(s.rejected)
       << " sin llamada, " << Sum(s.errors) << " con error, " << s.cut << " trozos de más, "
-      << s.torn << " a medias\n";
+      << s.torn << " a medias"
+      << (s.head > 0 ? ", " + std::to_string(s.head) + " de encabezado" : "") << '\n';
   const auto show = [&](std::int64_t count, const std::string& what) {
     out << "  "
         << std::string(std::to_string(count).size() < 8 ? 8 - std::to_string(count).size() : 0, ' ')

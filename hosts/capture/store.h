@@ -34,6 +34,7 @@ struct SourceSummary {
   std::int64_t calls = 0;
   std::int64_t cut = 0;
   std::int64_t torn = 0;
+  std::int64_t head = 0;                    // of files, about the lines
   std::int64_t last_ms = 0;                 // when the last line came
   std::map<NoCall, std::int64_t> rejected;  // lines, by reason
   std::map<LineError, std::int64_t> errors;

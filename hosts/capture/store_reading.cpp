@@ -9,12 +9,14 @@ SourceSummary Store::Summary(const SourceRow& row) {
   summary.row = row;
   Statement& lines =
       Get("SELECT COUNT(*), SUM(CASE estado WHEN 1 THEN 1 ELSE 0 END), "
-          "SUM(CASE estado WHEN 2 THEN 1 ELSE 0 END) FROM lineas WHERE fuente = ?");
+          "SUM(CASE estado WHEN 2 THEN 1 ELSE 0 END), "
+          "SUM(CASE estado WHEN 3 THEN 1 ELSE 0 END) FROM lineas WHERE fuente = ?");
   lines.Bind(0, row.id);
   if (lines.Step()) {
     summary.lines = lines.Number(0);
     summary.cut = lines.Number(1);
     summary.torn = lines.Number(2);
+    summary.head = lines.Number(3);
     lines.Reset();
   }
   Lines(row.id, row.last, row.last, [&](const Received& line) { summary.last_ms = line.time_ms; });

@@ -3,20 +3,9 @@
 #include <algorithm>
 
 #include "conmuta/day.h"
+#include "layouts/capture_head.h"
 
 namespace conmuta::host {
-namespace {
-
-// How many bytes of a byte order mark the text begins with.
-std::size_t MarkOf(std::string_view bytes) {
-  for (const std::string_view mark : {"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"}) {
-    if (bytes.starts_with(mark)) return mark.size();
-  }
-  return 0;
-}
-
-}  // namespace
-
 std::string_view LineSource::Fill() {
   // What is there, without waiting until the room is full: a switch prints when somebody hangs up.
   // Of a file all of it is, and comes without going through the stream's own, smaller room.
@@ -30,7 +19,7 @@ std::string_view LineSource::Fill() {
     bytes_.readsome(chunk_.data(), room);
   }
   std::string_view bytes(chunk_.data(), static_cast<std::size_t>(bytes_.gcount()));
-  if (bytes_read_ == 0) bytes.remove_prefix(MarkOf(bytes));
+  if (bytes_read_ == 0) bytes.remove_prefix(layouts::SizeOfMark(bytes));
   bytes_read_ += static_cast<std::uint64_t>(bytes_.gcount());
   // A mark alone is not the end.
   return bytes.empty() && bytes_.gcount() != 0 ? Fill() : bytes;
@@ -38,7 +27,7 @@ std::string_view LineSource::Fill() {
 
 bool LineSource::TakeHead(std::string_view line) {
   constexpr std::string_view kDate = "# fecha: ";
-  in_head_ = line.starts_with("# ");
+  in_head_ = layouts::IsOfHead(line);
   if (in_head_ && line.starts_with(kDate)) date_ = ReadDay(line.substr(kDate.size()));
   return in_head_;
 }

@@ -22,6 +22,7 @@ class GrowingFileTest : public ::testing::Test {
     std::vector<std::string> lines;
     while (file.Poll([&](std::string line, Wholeness wholeness, std::string place) {
       if (wholeness == Wholeness::kTorn) line += "~";
+      if (wholeness == Wholeness::kHead) line += " (head)";
       lines.push_back(std::move(line));
       place_ = std::move(place);
     })) {
@@ -91,6 +92,31 @@ TEST_F(GrowingFileTest, FileThatWasWrittenAnewWhileNobodyLookedIsReadFromItsBegi
   Write("tres\ncuatro\ncinco\n");
   GrowingFile file = Open();
   EXPECT_EQ(Lines(file), (Texts{"tres", "cuatro", "cinco"}));
+}
+
+TEST_F(GrowingFileTest, LinesThatTellOfACaptureAreNoneOfThePbx) {
+  Append("\xEF\xBB\xBF# fecha: 2019-01-16\n# trama: 8N1\nuno\n# dos\n");
+  GrowingFile file = Open();
+  EXPECT_EQ(Lines(file), (Texts{"\xEF\xBB\xBF# fecha: 2019-01-16 (head)", "# trama: 8N1 (head)",
+                                "uno", "# dos"}));
+  Write("# a\n#b\n");
+  EXPECT_EQ(Lines(file), (Texts{"# a (head)", "#b"}));
+}
+
+TEST_F(GrowingFileTest, HeadGoesOnAfterARestartWithinItAndNotBehindIt) {
+  Append("\xEF\xBB\xBF# a\n# b");
+  {
+    GrowingFile file = Open();
+    Lines(file);
+  }
+  Append("\nuno\n");
+  {
+    GrowingFile file = Open();
+    EXPECT_EQ(Lines(file), (Texts{"# b (head)", "uno"}));
+  }
+  Append("# dos\n");
+  GrowingFile file = Open();
+  EXPECT_EQ(Lines(file), Texts{"# dos"});
 }
 
 TEST_F(GrowingFileTest, LastLineMayLackItsEndWhereTheFileDoesNotGrow) {

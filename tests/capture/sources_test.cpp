@@ -1,6 +1,8 @@
 // Lines from sockets and ports: their limits, their ends, and what a connection leaves behind.
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "capture/line_quality.h"
 #include "capture/source_bench.h"
 #include "capture/system.h"
@@ -164,6 +166,22 @@ TEST(SerialPort, KeepsWhatTheSystemHasWhenItIsToEnd) {
   SourceBench bench;
   bench.Start("serie:" + terminal->name());
   EndWithinARead(bench, [&](const std::string& bytes) { terminal->Write(bytes); });
+}
+
+TEST(FileSource, ThatIsNotThereIsToldOnceAndReadWhenItAppears) {
+  SourceBench bench;
+  bench.limits.poll = 1ms;
+  const auto path = bench.folder.path() / "smdr.txt";
+  bench.Start("archivo:" + path.string());
+  std::this_thread::sleep_for(30ms);
+  std::ofstream(path) << "uno\n";
+  bench.AwaitLines(1);
+  bench.Stop();
+  EXPECT_EQ(bench.Lines(), Texts{"uno"});
+  EXPECT_EQ(bench.told.str(), "centro: el archivo " + path.string() +
+                                  " no se puede abrir; se lee en cuanto aparezca\n"
+                                  "centro: el archivo " +
+                                  path.string() + " ya está\n");
 }
 
 TEST(LineQualityOfAPort, CountsAndTellsWhatThePortKnows) {

@@ -130,6 +130,25 @@ TEST(StoreAtRestart, OnlyLinesFromTheLastQuietPointAreTranslatedAgain) {
   EXPECT_EQ(recorder.Row(0).replay_from, static_cast<std::int64_t>(lines.size()) + 1);
 }
 
+TEST(Store, LinesOfAHeadAreKeptAndNotTranslated) {
+  StoreBench bench("panasonic-kx");
+  auto lines = Arrivals(bench.pbx.lines);
+  Recorder recorder = bench.MakeRecorder();
+  recorder.Open(Thoroughness::kQuick);
+  const auto calls = test::CallsOf(test::PlainTranslation(bench.pbx.config, bench.pbx.lines));
+  const std::string call = bench.pbx.lines.at(static_cast<std::size_t>(calls.begin()->first) - 1);
+  for (Arrival& arrival : lines) arrival.line.wholeness = Wholeness::kHead;
+  lines.back().line.wholeness = Wholeness::kWhole;
+  lines.back().line.bytes = "\xEF\xBB\xBF" + call;  // a mark of an editor's is none of its columns
+  recorder.Record(lines, {});
+  const auto stored = test::ReadStore(bench.path, "centro");
+  EXPECT_EQ(stored.lines.size(), lines.size());
+  EXPECT_EQ(stored.summary.head, static_cast<std::int64_t>(lines.size()) - 1);
+  const auto plain = test::PlainTranslation(bench.pbx.config, {call});
+  ASSERT_EQ(stored.calls.size(), 1U);
+  EXPECT_EQ(stored.calls.begin()->second, plain.at(1));
+}
+
 TEST(StoreAtRestart, LinesThatAreThereAlreadyChangeNothing) {
   StoreBench bench("nortel-meridian");
   const auto lines = Arrivals(bench.pbx.lines);
