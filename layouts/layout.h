@@ -12,7 +12,8 @@ namespace conmuta::layouts {
 
 // What the catalogue's page says of a switch; no part of its configuration.
 struct Sheet {
-  enum class TimeOf : std::uint8_t { kUnknown, kStart, kEnd };
+  // Stores of calls keep the values.
+  enum class TimeOf : std::uint8_t { kUnknown = 0, kStart = 1, kEnd = 2 };
 
   Text covers;
   Text date;      // form of date and time as printed

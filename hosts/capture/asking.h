@@ -27,7 +27,7 @@ struct ReprocessOptions {
 
 // Translates all lines of these sources again, each on the day on which it was received. What was
 // made of them before stays when that fails.
-int Reprocess(const ReprocessOptions& options, const LoadLayout& load, std::ostream& err);
+int Reprocess(const ReprocessOptions& options, const LoadLayouts& load, std::ostream& err);
 
 enum class ExportFormat : std::uint8_t { kCsv, kJsonLines };
 
@@ -41,8 +41,5 @@ struct ExportOptions {
 };
 
 int Export(const ExportOptions& options, std::ostream& out, std::ostream& err);
-
-// "2026-11-21" as 20261121; nothing for anything else.
-std::optional<std::int64_t> ReadDay(const std::string& text);
 
 }  // namespace conmuta::capture

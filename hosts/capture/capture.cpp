@@ -1,6 +1,5 @@
 #include "capture/capture.h"
 
-#include <deque>
 #include <memory>
 #include <optional>
 #include <set>
@@ -23,13 +22,11 @@ std::string SpillAddress(const CaptureOptions& options) {
 
 class Run {
  public:
-  Run(const CaptureOptions& options, const LoadLayout& load, std::ostream& err)
+  Run(const CaptureOptions& options, const LoadLayouts& load, std::ostream& err)
       : options_(options), messages_(err) {
     for (const NamedSource& source : options_.sources) {
-      clsCfgConmut& config = configs_.emplace_back(SystemPlatform());
-      load(source.layout, config);
       names_.push_back(source.name);
-      layouts_.push_back({source.name, source.layout, &config});
+      layouts_.push_back({source.name, source.layout, load(source.layout)});
     }
     sources_.resize(names_.size());
     const std::string spill = SpillAddress(options_);
@@ -92,7 +89,7 @@ class Run {
             i,
             names_[i],
             options_.sources[i].address,
-            LineEnd(configs_[i].Separador()),
+            LineEnd(layouts_[i].layouts.front().config->Separador()),
             place,
             options_.once,
             options_.source,
@@ -114,7 +111,6 @@ class Run {
 
   const CaptureOptions options_;
   Messages messages_;
-  std::deque<clsCfgConmut> configs_;
   std::vector<std::string> names_;
   std::vector<SourceLayout> layouts_;
   std::optional<Recorder> recorder_;
@@ -129,7 +125,7 @@ class Run {
 
 }  // namespace
 
-int Capture(const CaptureOptions& options, const LoadLayout& load, std::ostream& err) {
+int Capture(const CaptureOptions& options, const LoadLayouts& load, std::ostream& err) {
   auto run = std::make_unique<Run>(options, load, err);
   const int code = run->Work();
   // A thread of its own may wait for a silent store for ever: then the program ends around it.

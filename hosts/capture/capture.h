@@ -10,8 +10,8 @@
 #include "capture/address.h"
 #include "capture/backlog.h"
 #include "capture/source.h"
+#include "capture/source_layout.h"
 #include "capture/writer.h"
-#include "config/clsCfgConmut.h"
 
 namespace conmuta::capture {
 
@@ -19,9 +19,6 @@ namespace conmuta::capture {
 inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kUsage = 2;
-
-// Fills a configuration by a layout's name; throws std::runtime_error with a sentence.
-using LoadLayout = std::function<void(const std::string& name, clsCfgConmut& config)>;
 
 struct CaptureOptions {
   std::string store = "conmuta.db";
@@ -36,6 +33,6 @@ struct CaptureOptions {
 
 // Keeps what the sources bring until the program is to end, or no source has anything more. kFailed
 // when lines could not be kept, or the store is one that it must not touch.
-int Capture(const CaptureOptions& options, const LoadLayout& load, std::ostream& err);
+int Capture(const CaptureOptions& options, const LoadLayouts& load, std::ostream& err);
 
 }  // namespace conmuta::capture

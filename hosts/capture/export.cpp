@@ -1,5 +1,4 @@
 #include <array>
-#include <charconv>
 #include <cstdio>
 #include <nlohmann/json.hpp>
 #include <ostream>
@@ -9,6 +8,7 @@
 #include "capture/store_address.h"
 #include "layouts/outcome_words.h"
 #include "platform/unicode.h"
+#include "translation/beginning.h"
 
 namespace conmuta::capture {
 namespace {
@@ -47,6 +47,14 @@ Json Row(const StoredCall& stored) {
   row["telefono"] = Utf8(call.phone);
   row["extension_transferida"] = Utf8(call.transferred_to);
   row["cuenta"] = Utf8(call.account);
+  row["inicio"] = nullptr;
+  const translation::Moment printed{call.year,  call.month,   call.day,
+                                    call.hours, call.minutes, call.seconds};
+  if (const auto begin = translation::BeginningOf({printed, call.duration, call.ring, call.type},
+                                                  stored.time_of)) {
+    row["inicio"] = Parts("%04d-%02d-%02dT", begin->year, begin->month, begin->day) +
+                    Parts("%02d:%02d:%02d", begin->hours, begin->minutes, begin->seconds);
+  }
   return row;
 }
 
@@ -82,6 +90,7 @@ int Export(const ExportOptions& options, std::ostream& out, std::ostream& err) {
   Messages messages(err);
   try {
     Store store(OpenForReading(options.store), SchemaUse::kRead);
+    store.Begin();  // all portions are of one moment
     if (options.format == ExportFormat::kCsv) {
       WriteCsvLine(Row({}), out, [](const std::string& name, const Json&) { return name; });
     }
@@ -103,17 +112,6 @@ int Export(const ExportOptions& options, std::ostream& out, std::ostream& err) {
     messages.Tell("no se puede leer el almacén " + ShownStore(options.store) + ": " + error.what());
     return kFailed;
   }
-}
-
-std::optional<std::int64_t> ReadDay(const std::string& text) {
-  if (text.size() != 10 || text[4] != '-' || text[7] != '-') return std::nullopt;
-  const std::string digits = text.substr(0, 4) + text.substr(5, 2) + text.substr(8, 2);
-  std::int64_t day = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), day);
-  if (error != std::errc{} || end != digits.data() + digits.size()) return std::nullopt;
-  const std::int64_t month = day / 100 % 100;
-  return month >= 1 && month <= 12 && day % 100 >= 1 && day % 100 <= 31 ? std::optional(day)
-                                                                        : std::nullopt;
 }
 
 }  // namespace conmuta::capture

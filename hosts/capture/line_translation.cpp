@@ -5,22 +5,16 @@
 
 namespace conmuta::capture {
 
-void LineTranslation::StartAfresh() {
-  translator_ = std::make_unique<clsTradEST>(day_);
-  translator_->Conmutador(&config_);
-}
-
-layouts::Outcome LineTranslation::Translate(const Received& line) {
+Conclusion LineTranslation::Translate(const Received& line) {
   day_.Set(line.time_ms);
   printed_.clear();
   const std::string_view bytes = line.bytes;
   for (const char c : bytes.substr(layouts::SizeOfMark(bytes))) {
     if (layouts::IsPrinted(c)) printed_ += c;
   }
-  LineObserver nobody;
-  const Verdict verdict =
-      translator_->Translate(SystemPlatform().code_page.FromBytes(printed_), nobody);
-  return layouts::OutcomeOf(verdict, translator_->InfoLlamada());
+  const translation::Outcome made =
+      translators_->Translate(SystemPlatform().code_page.FromBytes(printed_));
+  return {layouts::OutcomeOf(made.verdict, *made.call), made.layout};
 }
 
 }  // namespace conmuta::capture

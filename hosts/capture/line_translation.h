@@ -1,35 +1,44 @@
-// The translator of one source.
+// What becomes of the lines of one source.
 #pragma once
 
-#include <memory>
+#include <optional>
 #include <string_view>
+#include <vector>
 
 #include "capture/moment.h"
 #include "capture/received.h"
 #include "layouts/expected_calls.h"
-#include "translate/clsTradEST.h"
+#include "translation/translators.h"
 
 namespace conmuta::capture {
 
+// Of a line.
+struct Conclusion {
+  layouts::Outcome outcome;
+  std::size_t layout = 0;  // which of them made the call
+};
+
 class LineTranslation {
  public:
-  // The configuration must outlive this and is this one's alone.
-  explicit LineTranslation(clsCfgConmut& config) : config_(config) { StartAfresh(); }
+  // The configurations must outlive this and are this one's alone.
+  explicit LineTranslation(std::vector<clsCfgConmut*> configs) : configs_(std::move(configs)) {
+    StartAfresh();
+  }
 
   // Forgets what waits.
-  void StartAfresh();
+  void StartAfresh() { translators_.emplace(configs_, day_); }
 
   // Translates what a host would see of the line, on the day on which it was received. It is to be
   // whole.
-  layouts::Outcome Translate(const Received& line);
+  Conclusion Translate(const Received& line);
 
-  // clsTradEST tells what it means.
-  bool Waits() const { return translator_->Waits(); }
+  // Translators tells what it means.
+  bool Waits() const { return translators_->Waits(); }
 
  private:
-  clsCfgConmut& config_;
+  std::vector<clsCfgConmut*> configs_;
   ReceiptDay day_;
-  std::unique_ptr<clsTradEST> translator_;
+  std::optional<translation::Translators> translators_;
   std::string printed_;
 };
 

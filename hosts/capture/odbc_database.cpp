@@ -213,8 +213,11 @@ class OdbcDatabase final : public Database {
     connection_.Check(SQLDriverConnectW(connection_.get(), nullptr, Wide(text),
                                         static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr,
                                         SQL_DRIVER_NOPROMPT));
-    if (access == Access::kReadOnly) return;
-    for (const char* limit : kServerLimits) Run(limit);
+    if (access == Access::kReadOnly) {
+      Run("SET SESSION CHARACTERISTICS AS TRANSACTION ISOLATION LEVEL REPEATABLE READ");
+    } else {
+      for (const char* limit : kServerLimits) Run(limit);
+    }
   }
   ~OdbcDatabase() override {
     Rollback();

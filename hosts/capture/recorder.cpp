@@ -2,6 +2,18 @@
 
 namespace conmuta::capture {
 
+namespace {
+
+std::vector<clsCfgConmut*> ConfigsOf(const SourceLayout& source) {
+  std::vector<clsCfgConmut*> configs;
+  for (const LoadedLayout& layout : source.layouts) configs.push_back(layout.config.get());
+  return configs;
+}
+
+}  // namespace
+
+Recorder::Source::Source(const SourceLayout& l) : layout(l), translation(ConfigsOf(l)) {}
+
 Recorder::Recorder(const std::vector<SourceLayout>& sources, OpenDatabase open)
     : open_(std::move(open)) {
   for (const SourceLayout& source : sources) sources_.emplace_back(source);
@@ -77,8 +89,11 @@ void Recorder::Stand(Source& source) {
 void Recorder::Conclude(Source& source, const Received& line, bool write) {
   // A piece of a line has its columns elsewhere: it could only become a wrong call.
   if (line.wholeness == Wholeness::kWhole) {
-    const layouts::Outcome outcome = source.translation.Translate(line);
-    if (write) store_->Conclude(source.row.id, line.number, outcome);
+    const Conclusion made = source.translation.Translate(line);
+    const LoadedLayout& layout = source.layout.layouts[made.layout];
+    if (write) {
+      store_->Conclude(source.row.id, line.number, made.outcome, layout.name, layout.time_of);
+    }
   }
   if (!write) return;
   source.touched = true;

@@ -9,15 +9,10 @@
 #include <vector>
 
 #include "capture/line_translation.h"
+#include "capture/source_layout.h"
 #include "capture/store.h"
 
 namespace conmuta::capture {
-
-struct SourceLayout {
-  std::string name;    // of the source
-  std::string layout;  // what it is called
-  clsCfgConmut* config = nullptr;
-};
 
 // Increments of what is counted, by source.
 using Incidents = std::map<std::pair<std::size_t, Incident>, std::int64_t>;
@@ -47,7 +42,7 @@ class Recorder {
 
  private:
   struct Source {
-    explicit Source(const SourceLayout& l) : layout(l), translation(*l.config) {}
+    explicit Source(const SourceLayout& l);
 
     SourceLayout layout;
     LineTranslation translation;

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <deque>
 #include <ostream>
 
 #include "capture/asking.h"
@@ -7,19 +6,18 @@
 
 namespace conmuta::capture {
 
-int Reprocess(const ReprocessOptions& options, const LoadLayout& load, std::ostream& err) {
+int Reprocess(const ReprocessOptions& options, const LoadLayouts& load, std::ostream& err) {
   Messages messages(err);
-  std::deque<clsCfgConmut> configs;
   std::vector<SourceLayout> sources;
   for (const auto& [name, layout] : options.layouts) {
-    clsCfgConmut& config = configs.emplace_back(SystemPlatform());
-    load(layout, config);
-    sources.push_back({name, layout, &config});
+    sources.push_back({name, layout, load(layout)});
   }
   try {
     {
-      // A name with a mistake must not make a new source.
-      Store store(OpenForReading(options.store), SchemaUse::kRead);
+      // A store that is not there must not be made, nor a source by a name with a mistake.
+      OpenForReading(options.store);
+      Store store(OpenerForWriting(options.store, messages)(Thoroughness::kQuick),
+                  SchemaUse::kWrite);
       const auto rows = store.Sources();
       for (const SourceLayout& source : sources) {
         const auto has_name = [&](const SourceRow& row) { return row.name == source.name; };

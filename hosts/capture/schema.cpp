@@ -27,8 +27,8 @@ constexpr std::array<Half, 2> kHalves = {{
       "cuenta BIGINT NOT NULL, PRIMARY KEY(fuente, clase))"},
      {"fuentes", "lineas", "incidencias"}},
     {"concluido",
-     1,
-     1,
+     2,
+     2,
      true,
      {"CREATE TABLE IF NOT EXISTS avances(fuente BIGINT PRIMARY KEY, configuracion TEXT NOT NULL, "
       "traducida BIGINT NOT NULL, desde BIGINT NOT NULL)",
@@ -38,7 +38,8 @@ constexpr std::array<Half, 2> kHalves = {{
       "dia BIGINT NOT NULL, hora BIGINT NOT NULL, tipo BIGINT NOT NULL, atributo BIGINT NOT NULL, "
       "duracion BIGINT NOT NULL, timbrado BIGINT NOT NULL, emisor TEXT NOT NULL, "
       "receptor TEXT NOT NULL, telefono TEXT NOT NULL, transferida TEXT NOT NULL, "
-      "cuenta TEXT NOT NULL, PRIMARY KEY(fuente, numero))"},
+      "cuenta TEXT NOT NULL, configuracion TEXT NOT NULL, hora_de BIGINT NOT NULL, "
+      "PRIMARY KEY(fuente, numero))"},
      {"avances", "resultados", "llamadas"}},
 }};
 
@@ -93,7 +94,10 @@ void PrepareHalf(Database& database, const Half& half, SchemaUse use) {
   // A later version says that this one may use it as it is.
   if (found.written > half.version) return;
   if (use == SchemaUse::kRead) {
-    throw StoreError(StoreError::Kind::kRefused, "el almacén no tiene las tablas de esta versión");
+    throw StoreError(
+        StoreError::Kind::kRefused,
+        "lo traducido falta o es de otra versión: conmuta reprocesa, o la próxima captura, "
+        "lo rehace");
   }
   if (found.written != 0 && !half.can_be_made_again) {
     throw StoreError(StoreError::Kind::kRefused, "el almacén es de una versión anterior");

@@ -41,6 +41,9 @@ void Show(const SourceSummary& s, std::ostream& out) {
         << std::string(std::to_string(count).size() < 8 ? 8 - std::to_string(count).size() : 0, ' ')
         << count << "  " << what << '\n';
   };
+  if (s.by_layout.size() > 1) {
+    for (const auto& [layout, count] : s.by_layout) show(count, "llamadas de " + Shown(layout));
+  }
   for (const auto& [error, count] : s.errors) show(count, Utf8(Sentence(error)));
   for (const auto& [reason, count] : s.rejected) show(count, Utf8(Sentence(reason)));
   for (const auto& [incident, name] : kIncidents) {

@@ -122,25 +122,32 @@ void Store::Count(std::int64_t source, Incident incident, std::int64_t count) {
   add.Run();
 }
 
+// In portions: a driver may take all rows of an answer into memory.
 void Store::Lines(std::int64_t source, std::int64_t first, std::int64_t last,
                   const std::function<void(const Received&)>& take) {
   Statement& lines =
       Get("SELECT numero, momento, estado, bytes FROM lineas "
-          "WHERE fuente = ? AND numero BETWEEN ? AND ? ORDER BY numero");
-  lines.Bind(0, source);
-  lines.Bind(1, first);
-  lines.Bind(2, last);
-  while (lines.Step()) {
-    Received line;
-    line.number = lines.Number(0);
-    line.time_ms = lines.Number(1);
-    line.wholeness = static_cast<Wholeness>(lines.Number(2));
-    line.bytes = lines.Bytes(3);
-    take(line);
+          "WHERE fuente = ? AND numero BETWEEN ? AND ? ORDER BY numero LIMIT ?");
+  std::int64_t count = kPortion;
+  while (count == kPortion) {
+    lines.Bind(0, source);
+    lines.Bind(1, first);
+    lines.Bind(2, last);
+    lines.Bind(3, kPortion);
+    for (count = 0; lines.Step(); ++count) {
+      Received line;
+      line.number = lines.Number(0);
+      line.time_ms = lines.Number(1);
+      line.wholeness = static_cast<Wholeness>(lines.Number(2));
+      line.bytes = lines.Bytes(3);
+      first = line.number + 1;
+      take(line);
+    }
   }
 }
 
-void Store::Conclude(std::int64_t source, std::int64_t number, const layouts::Outcome& outcome) {
+void Store::Conclude(std::int64_t source, std::int64_t number, const layouts::Outcome& outcome,
+                     const std::string& layout, layouts::Sheet::TimeOf time_of) {
   if (!outcome.call) {
     Statement& reject =
         Get("INSERT INTO resultados(fuente, numero, error, razon) VALUES(?, ?, ?, ?)");
@@ -154,7 +161,8 @@ void Store::Conclude(std::int64_t source, std::int64_t number, const layouts::Ou
   const layouts::ExpectedCall& call = *outcome.call;
   Statement& add = Get(
       "INSERT INTO llamadas(fuente, numero, dia, hora, tipo, atributo, duracion, timbrado, emisor, "
-      "receptor, telefono, transferida, cuenta) VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+      "receptor, telefono, transferida, cuenta, configuracion, hora_de) "
+      "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
   add.Bind(0, source);
   add.Bind(1, number);
   add.Bind(2, (std::int64_t{call.year} * 100 + call.month) * 100 + call.day);
@@ -169,6 +177,8 @@ void Store::Conclude(std::int64_t source, std::int64_t number, const layouts::Ou
   add.BindText(10, Utf8(call.phone));
   add.BindText(11, Utf8(call.transferred_to));
   add.BindText(12, Utf8(call.account));
+  add.BindText(13, layout);
+  add.Bind(14, static_cast<std::int64_t>(time_of));
   add.Run();
 }
 

@@ -13,6 +13,7 @@
 #include "capture/received.h"
 #include "capture/schema.h"
 #include "layouts/expected_calls.h"
+#include "layouts/layout.h"
 
 namespace conmuta::capture {
 
@@ -34,9 +35,10 @@ struct SourceSummary {
   std::int64_t calls = 0;
   std::int64_t cut = 0;
   std::int64_t torn = 0;
-  std::int64_t head = 0;                    // of files, about the lines
-  std::int64_t last_ms = 0;                 // when the last line came
-  std::map<NoCall, std::int64_t> rejected;  // lines, by reason
+  std::int64_t head = 0;                          // of files, about the lines
+  std::int64_t last_ms = 0;                       // when the last line came
+  std::map<std::string, std::int64_t> by_layout;  // calls
+  std::map<NoCall, std::int64_t> rejected;        // lines, by reason
   std::map<LineError, std::int64_t> errors;
   std::map<Incident, std::int64_t> incidents;
 };
@@ -44,6 +46,7 @@ struct SourceSummary {
 struct StoredCall {
   std::string source;
   std::string layout;
+  layouts::Sheet::TimeOf time_of = layouts::Sheet::TimeOf::kUnknown;
   std::int64_t number = 0;
   layouts::ExpectedCall call;
 };
@@ -71,7 +74,9 @@ class Store {
   void Lines(std::int64_t source, std::int64_t first, std::int64_t last,
              const std::function<void(const Received&)>& take);
 
-  void Conclude(std::int64_t source, std::int64_t number, const layouts::Outcome& outcome);
+  // A call is kept with the name of the layout that made it.
+  void Conclude(std::int64_t source, std::int64_t number, const layouts::Outcome& outcome,
+                const std::string& layout, layouts::Sheet::TimeOf time_of);
   void Progress(const SourceRow& row);
   // As if no line of the source had been translated yet.
   void Forget(const SourceRow& row);
@@ -82,6 +87,9 @@ class Store {
              const std::function<void(const StoredCall&)>& take);
 
  private:
+  // Rows that are asked for at once.
+  static constexpr std::int64_t kPortion = 1000;
+
   bool IsKept(std::int64_t source, const Received& line);
   // Prepared once each, by their text.
   Statement& Get(const char* sql);

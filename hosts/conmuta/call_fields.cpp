@@ -5,9 +5,7 @@
 
 #include "conmuta/utf8.h"
 #include "layouts/expected_calls.h"
-#include "layouts/numbers.h"
 #include "layouts/outcome_words.h"
-#include "platform/calendar.h"
 
 namespace conmuta::host {
 namespace {
@@ -45,35 +43,10 @@ Moment MomentOf(const clsLlamadaTRD& call) {
           call.Horas(emParamFecha), call.Minutos(emParamFecha), call.Segundos(emParamFecha)};
 }
 
-namespace {
-
-std::optional<Moment> BeginningOf(const clsLlamadaTRD& call, const CallTimes& times,
-                                  layouts::Sheet::TimeOf time_of) {
-  const Moment& printed = times.printed;
-  if (time_of == layouts::Sheet::TimeOf::kUnknown || printed.hours > 23) return std::nullopt;
-  if (!layouts::IsInCalendar({printed.year, printed.month, printed.day})) return std::nullopt;
-  if (time_of == layouts::Sheet::TimeOf::kStart) return printed;
-  if (!times.duration) return std::nullopt;
-
-  std::int64_t before = *times.duration;
-  if (call.TipoLlamada() == emLlamadaEntrante) before += call.Ring();
-  const std::int64_t end = SecondsOfDay(printed.hours, printed.minutes, printed.seconds);
-  std::int64_t begin = end - before;
-  CivilDate date{printed.year, printed.month, printed.day};
-  if (begin < 0) [[unlikely]] {  // on a day before
-    const std::int64_t days = (-begin + kSecondsPerDay - 1) / kSecondsPerDay;
-    begin += days * kSecondsPerDay;
-    date = DateOfDayNumber(DayNumber(date.year, date.month, date.day) - days);
-  }
-  const auto rest = static_cast<int>(begin);
-  return Moment{date.year, date.month, date.day, rest / 3600, rest / 60 % 60, rest % 60};
-}
-
-}  // namespace
-
 CallTimes TimesOf(const clsLlamadaTRD& call, layouts::Sheet::TimeOf time_of) {
   CallTimes times{MomentOf(call), layouts::KnownDuration(call), std::nullopt};
-  times.beginning = BeginningOf(call, times, time_of);
+  times.beginning = translation::BeginningOf(
+      {times.printed, times.duration, call.Ring(), call.TipoLlamada()}, time_of);
   return times;
 }
 

@@ -54,7 +54,7 @@ int RunCaptura(const Arguments& arguments, Console& console) {
   options.source.bytes_a_second = static_cast<std::int64_t>(
       arguments.Number("--bytes-por-segundo", 0, std::numeric_limits<std::int32_t>::max(), usual));
   options.sources = Sources(arguments);
-  return capture::Capture(options, LoadNamedLayout, console.err);
+  return capture::Capture(options, LoadNamedLayouts, console.err);
 }
 
 constexpr Operand kOperands[] = {

@@ -12,6 +12,7 @@
 #include "layouts/read_layout.h"
 #include "platform/errors.h"
 #include "platform/unicode.h"
+#include "translation/translators.h"
 
 namespace conmuta::host {
 namespace {
@@ -169,6 +170,17 @@ std::unique_ptr<clsCfgConmut> MakeConfig(const layouts::Layout& layout) {
   auto config = std::make_unique<clsCfgConmut>(SystemPlatform());
   layouts::Apply(layout, *config);
   return config;
+}
+
+std::vector<std::unique_ptr<clsCfgConmut>> MakeUsefulConfigs(std::span<const NamedLayout> layouts) {
+  std::vector<std::unique_ptr<clsCfgConmut>> configs;
+  for (const NamedLayout& named : layouts) {
+    configs.push_back(MakeConfig(named.layout));
+    if (const auto reason = translation::WhyUseless(*configs.back())) {
+      throw UserError(named.name + ": " + Utf8(Sentence(*reason)));
+    }
+  }
+  return configs;
 }
 
 }  // namespace conmuta::host

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +32,8 @@ std::vector<NamedLayout> FindLayouts(std::string_view argument, Companions compa
 std::unique_ptr<clsCfgConmut> OpenConfig(std::string_view argument);
 
 std::unique_ptr<clsCfgConmut> MakeConfig(const layouts::Layout& layout);
+// UserError for a layout that no line can be translated with.
+std::vector<std::unique_ptr<clsCfgConmut>> MakeUsefulConfigs(std::span<const NamedLayout> layouts);
 
 // The catalogue that the program carries with it; its layouts have no mistakes.
 const std::vector<NamedLayout>& Catalogue();

@@ -1,7 +1,7 @@
 // What the commands of the capture have in common: which store, which layouts.
 #pragma once
 
-#include "config/clsCfgConmut.h"
+#include "capture/source_layout.h"
 #include "conmuta/command.h"
 
 namespace conmuta::host {
@@ -14,7 +14,7 @@ inline constexpr Option kStoreOption = {
     "",
     Offers::kFiles};
 
-// A LAYOUT as a person names it, made the configuration. UserError.
-void LoadNamedLayout(const std::string& name, clsCfgConmut& config);
+// A LAYOUT as a person names it, with what it names beside itself. UserError.
+std::vector<capture::LoadedLayout> LoadNamedLayouts(const std::string& name);
 
 }  // namespace conmuta::host

@@ -1,14 +1,20 @@
 // conmuta estado, conmuta reprocesa, conmuta exporta: what is asked of the capture's store.
 #include "capture/asking.h"
+#include "conmuta/day.h"
 #include "conmuta/layout_choice.h"
 #include "conmuta/named_store.h"
 #include "conmuta/user_error.h"
-#include "layouts/layout_config.h"
 
 namespace conmuta::host {
 
-void LoadNamedLayout(const std::string& name, clsCfgConmut& config) {
-  layouts::Apply(FindLayout(name).layout, config);
+std::vector<capture::LoadedLayout> LoadNamedLayouts(const std::string& name) {
+  const auto named = FindLayouts(name, Companions::kCome);
+  auto configs = MakeUsefulConfigs(named);
+  std::vector<capture::LoadedLayout> loaded;
+  for (std::size_t i = 0; i < named.size(); ++i) {
+    loaded.push_back({named[i].name, std::move(configs[i]), named[i].layout.sheet.time_of});
+  }
+  return loaded;
 }
 
 namespace {
@@ -33,15 +39,15 @@ int RunReprocesa(const Arguments& arguments, Console& console) {
     }
     options.layouts.emplace_back(text.substr(0, equals), text.substr(equals + 1));
   }
-  return capture::Reprocess(options, LoadNamedLayout, console.err);
+  return capture::Reprocess(options, LoadNamedLayouts, console.err);
 }
 
 std::int64_t Day(const Arguments& arguments, std::string_view option, std::int64_t otherwise) {
   if (!arguments.Has(option)) return otherwise;
   const std::string text = arguments.Value(option, "");
-  const auto day = capture::ReadDay(text);
+  const auto day = ReadDay(text);
   if (!day) throw UserError(std::string(option) + ": «" + text + "» no es un día como 2026-11-21.");
-  return *day;
+  return (std::int64_t{day->year} * 100 + day->month) * 100 + day->day;
 }
 
 int RunExporta(const Arguments& arguments, Console& console) {

@@ -11,7 +11,7 @@ namespace conmuta::host {
 Tally TranslateCapture(const CaptureJob& job, std::istream& bytes, RowFormat& format,
                        OutBuffer& out) {
   DayClock clock(SystemPlatform().clock);
-  Translators translators(job.layouts, clock);
+  LayoutTranslators translators(job.layouts, clock);
   LineSource lines(bytes);
   Tally tally(job.layouts.size());
   Text line;
@@ -22,7 +22,7 @@ Tally TranslateCapture(const CaptureJob& job, std::istream& bytes, RowFormat& fo
     is_first = false;
     last = number;
     Widen(text, line);
-    const Outcome outcome = translators.Translate(line);
+    const Outcome outcome = translators->Translate(line);
     tally.CountLine(outcome);
     if (outcome.verdict.IsCall() || job.every_line) format.Row(out, number, outcome);
   };
@@ -38,11 +38,11 @@ Tally TranslateCapture(const CaptureJob& job, std::istream& bytes, RowFormat& fo
     lines_told = tally.lines();
   }
   if (bytes.bad()) throw UserError(Shown(FromUtf8(job.file)) + ": no se puede leer hasta el final");
-  translators.Finish([&](const Outcome& outcome) {
+  translators->Finish([&](const Outcome& outcome) {
     tally.CountCall(outcome);
     format.Row(out, last, outcome);
   });
-  tally.CountWaiting(translators.CallsWaiting());
+  tally.CountWaiting(translators->CallsWaiting());
   return tally;
 }
 

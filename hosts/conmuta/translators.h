@@ -1,4 +1,4 @@
-// The translators of one source.
+// The translators of a source, with the configurations of its layouts.
 #pragma once
 
 #include <memory>
@@ -6,49 +6,29 @@
 #include <vector>
 
 #include "conmuta/layout_choice.h"
-#include "platform/clock.h"
-#include "translate/clsTradEST.h"
+#include "translation/translators.h"
 
 namespace conmuta::host {
 
-// What became of a line.
-struct Outcome {
-  Verdict verdict;
-  std::size_t layout = 0;               // which of them made the call, the first when none did
-  const clsLlamadaTRD* call = nullptr;  // of that one; good until the next line
-};
+using translation::Outcome;
 
-// One for each layout. A line is the first one's that makes a call of it.
-class Translators {
+class LayoutTranslators {
  public:
   // UserError for a layout that no line can be translated with. The clock must live as long.
-  Translators(std::span<const NamedLayout> layouts, const Clock& clock);
+  LayoutTranslators(std::span<const NamedLayout> layouts, const Clock& clock)
+      : configs_(MakeUsefulConfigs(layouts)), translators_(Views(), clock) {}
 
-  Outcome Translate(TextView line);
-
-  // After the last line: hands the calls to `made` that only another line would have brought out.
-  template <class Made>
-  void Finish(Made made) {
-    for (std::size_t i = 0; i < desks_.size(); ++i) {
-      const Outcome last = CloseBlock(i);
-      if (last.verdict.IsCall()) made(last);
-    }
-  }
-
-  // Calls that wait for the end of their transfer.
-  std::size_t CallsWaiting() const;
+  translation::Translators* operator->() { return &translators_; }
 
  private:
-  struct Desk {
-    explicit Desk(const Clock& clock) : translator(clock) {}
-    std::unique_ptr<clsCfgConmut> config;
-    clsTradEST translator;
-  };
+  std::vector<clsCfgConmut*> Views() const {
+    std::vector<clsCfgConmut*> views;
+    for (const auto& config : configs_) views.push_back(config.get());
+    return views;
+  }
 
-  Outcome Judge(TextView line, std::size_t layout);
-  Outcome CloseBlock(std::size_t layout);
-
-  std::vector<std::unique_ptr<Desk>> desks_;
+  std::vector<std::unique_ptr<clsCfgConmut>> configs_;
+  translation::Translators translators_;
 };
 
 }  // namespace conmuta::host

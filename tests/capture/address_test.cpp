@@ -5,7 +5,6 @@
 
 #include <sstream>
 
-#include "capture/asking.h"
 #include "capture/messages.h"
 #include "capture/unprintable.h"
 
@@ -74,13 +73,6 @@ TEST(UnprintableBytes, AreSuspiciousWhereThereAreMany) {
   guess.Take(std::string(1000, '\xF0'));
   EXPECT_GE(guess.Suspicious(), 3);
   EXPECT_EQ(guess.Suspicious(), 0);
-}
-
-TEST(ExportedDays, AreRead) {
-  EXPECT_EQ(ReadDay("2026-11-21"), 20261121);
-  for (const char* text : {"", "2026-13-01", "2026-01-32", "2026-1-1", "20261121", "2026-0a-01"}) {
-    EXPECT_FALSE(ReadDay(text)) << text;
-  }
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "capture/line_translation.h"
+#include "capture/source_layout.h"
 #include "capture/sqlite_database.h"
 #include "capture/store.h"
 #include "layouts/layout_config.h"
@@ -33,6 +34,12 @@ struct Switch {
     }
   }
 
+  // As one of the layouts of a source, and as the only one.
+  capture::LoadedLayout Loaded() {
+    return {name, std::shared_ptr<clsCfgConmut>(std::shared_ptr<void>(), &config)};
+  }
+  capture::SourceLayout Of(const std::string& source) { return {source, name, {Loaded()}}; }
+
   clsCfgConmut config;
   std::string name;
   std::vector<std::string> lines;
@@ -44,15 +51,16 @@ inline constexpr std::int64_t kReceived = 1777896000000;
 // By number: a row of what became of a line.
 using Results = std::map<std::int64_t, layouts::Outcome>;
 
-inline Results PlainTranslation(clsCfgConmut& config, const std::vector<std::string>& lines) {
-  capture::LineTranslation translation(config);
+inline Results PlainTranslation(const std::vector<clsCfgConmut*>& configs,
+                                const std::vector<std::string>& lines) {
+  capture::LineTranslation translation(configs);
   Results results;
   for (const std::string& line : lines) {
     capture::Received received;
     received.number = static_cast<std::int64_t>(results.size()) + 1;
     received.time_ms = kReceived;
     received.bytes = line;
-    results[received.number] = translation.Translate(received);
+    results[received.number] = translation.Translate(received).outcome;
   }
   return results;
 }
@@ -92,10 +100,11 @@ inline Results CallsOf(const Results& all) {
 
 // Kept lines are the sent ones, and what was made of them is what a plain translation makes.
 inline void ExpectAllKept(const std::filesystem::path& path, const std::string& source,
-                          clsCfgConmut& config, const std::vector<std::string>& sent) {
+                          const std::vector<clsCfgConmut*>& configs,
+                          const std::vector<std::string>& sent) {
   const Stored stored = ReadStore(path, source);
   EXPECT_EQ(stored.lines, sent);
-  const Results plain = PlainTranslation(config, sent);
+  const Results plain = PlainTranslation(configs, sent);
   EXPECT_EQ(stored.calls, CallsOf(plain));
   std::map<NoCall, std::int64_t> rejected;
   std::map<LineError, std::int64_t> errors;

@@ -174,7 +174,7 @@ TEST(FileSource, ThatIsNotThereIsToldOnceAndReadWhenItAppears) {
   const auto path = bench.folder.path() / "smdr.txt";
   bench.Start("archivo:" + path.string());
   std::this_thread::sleep_for(30ms);
-  std::ofstream(path) << "uno\n";
+  std::ofstream(path, std::ios::binary) << "uno\n";
   bench.AwaitLines(1);
   bench.Stop();
   EXPECT_EQ(bench.Lines(), Texts{"uno"});

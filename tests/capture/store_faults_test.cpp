@@ -23,12 +23,12 @@ struct StoreBench {
 
   Recorder MakeRecorder() { return MakeRecorder(quick.name()); }
   Recorder MakeRecorder(const char* vfs) {
-    return Recorder({{"centro", pbx.name, &pbx.config}}, [this, vfs](Thoroughness thoroughness) {
+    return Recorder({pbx.Of("centro")}, [this, vfs](Thoroughness thoroughness) {
       return OpenSqliteOrSetAside(path, thoroughness, messages, vfs);
     });
   }
   void ExpectAll(const std::vector<std::string>& sent) {
-    ExpectAllKept(path, "centro", pbx.config, sent);
+    ExpectAllKept(path, "centro", {&pbx.config}, sent);
   }
 
   Switch pbx;
@@ -104,7 +104,7 @@ TEST(StoreAtAPowerCut, HasEachBatchWholeOrNotAtAll) {
     files.PowerCut(bench.path, after);
     const std::vector<std::string> so_far(
         bench.pbx.lines.begin(), bench.pbx.lines.begin() + static_cast<std::ptrdiff_t>(i + count));
-    ExpectAllKept(after, "centro", bench.pbx.config, so_far);
+    ExpectAllKept(after, "centro", {&bench.pbx.config}, so_far);
     if (HasFailure()) FAIL() << "after line " << i + count;
   }
 }
@@ -118,6 +118,35 @@ TEST(StoreAtRestart, CallsThatWaitAreWaitedForAgain) {
       recorder.Record({&line, 1}, {});
     }
     bench.ExpectAll(bench.pbx.lines);
+  }
+}
+
+// What one layout made of a line, or holds of it, is none of the other's, at whatever line a new
+// translator begins.
+TEST(StoreOfSeveralLayouts, HasTheCallsOfAllOfThemAtAnyRestart) {
+  for (const auto& [a, b] :
+       {std::pair("panasonic-dbs-esi", "panasonic-dbs-esi-t"),
+        std::pair("nortel-norstar", "nortel-meridian"), std::pair("samsung-dcs", "toshiba-ctx")}) {
+    StoreBench bench(a);
+    Switch other(b);
+    std::vector<std::string> sent;
+    for (std::size_t i = 0; i < std::max(bench.pbx.lines.size(), other.lines.size()); ++i) {
+      if (i < bench.pbx.lines.size()) sent.push_back(bench.pbx.lines[i]);
+      if (i < other.lines.size()) sent.push_back(other.lines[i]);
+    }
+    for (const Arrival& line : Arrivals(sent)) {
+      Recorder recorder({{"centro", "a+b", {bench.pbx.Loaded(), other.Loaded()}}},
+                        [&](Thoroughness thoroughness) {
+                          return OpenSqliteOrSetAside(bench.path, thoroughness, bench.messages,
+                                                      bench.quick.name());
+                        });
+      recorder.Open(Thoroughness::kQuick);
+      recorder.Record({&line, 1}, {});
+    }
+    ExpectAllKept(bench.path, "centro", {&bench.pbx.config, &other.config}, sent);
+    const auto by_layout = test::ReadStore(bench.path, "centro").summary.by_layout;
+    EXPECT_GT(by_layout.at(a), 3) << a;
+    EXPECT_GT(by_layout.at(b), 3) << b;
   }
 }
 
@@ -135,7 +164,7 @@ TEST(Store, LinesOfAHeadAreKeptAndNotTranslated) {
   auto lines = Arrivals(bench.pbx.lines);
   Recorder recorder = bench.MakeRecorder();
   recorder.Open(Thoroughness::kQuick);
-  const auto calls = test::CallsOf(test::PlainTranslation(bench.pbx.config, bench.pbx.lines));
+  const auto calls = test::CallsOf(test::PlainTranslation({&bench.pbx.config}, bench.pbx.lines));
   const std::string call = bench.pbx.lines.at(static_cast<std::size_t>(calls.begin()->first) - 1);
   for (Arrival& arrival : lines) arrival.line.wholeness = Wholeness::kHead;
   lines.back().line.wholeness = Wholeness::kWhole;
@@ -144,7 +173,7 @@ TEST(Store, LinesOfAHeadAreKeptAndNotTranslated) {
   const auto stored = test::ReadStore(bench.path, "centro");
   EXPECT_EQ(stored.lines.size(), lines.size());
   EXPECT_EQ(stored.summary.head, static_cast<std::int64_t>(lines.size()) - 1);
-  const auto plain = test::PlainTranslation(bench.pbx.config, {call});
+  const auto plain = test::PlainTranslation({&bench.pbx.config}, {call});
   ASSERT_EQ(stored.calls.size(), 1U);
   EXPECT_EQ(stored.calls.begin()->second, plain.at(1));
 }
@@ -261,13 +290,13 @@ TEST(StoreTranslatedAnew, HasTheCallsOfTheOtherLayout) {
     recorder.Record(Arrivals(bench.pbx.lines), {});
   }
   Switch other("panasonic-b");
-  Recorder recorder({{"centro", other.name, &other.config}}, [&](Thoroughness thoroughness) {
+  Recorder recorder({other.Of("centro")}, [&](Thoroughness thoroughness) {
     return OpenSqliteOrSetAside(bench.path, thoroughness, bench.messages);
   });
   recorder.Open(Thoroughness::kQuick);
   recorder.TranslateAnew();
   recorder.Close();
-  ExpectAllKept(bench.path, "centro", other.config, bench.pbx.lines);
+  ExpectAllKept(bench.path, "centro", {&other.config}, bench.pbx.lines);
 }
 
 }  // namespace

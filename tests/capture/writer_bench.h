@@ -30,7 +30,7 @@ struct WriterBench {
   // A capture as it is from a start to an end.
   struct Capture {
     explicit Capture(WriterBench& bench, const char* files)
-        : recorder({{"centro", bench.pbx.name, &bench.pbx.config}},
+        : recorder({bench.pbx.Of("centro")},
                    bench.open_store ? bench.open_store : bench.OpenFile(files)),
           backlog({"centro"}, bench.open_spill, bench.memory, bench.messages,
                   [] { return test::kReceived; }),
@@ -53,7 +53,7 @@ struct WriterBench {
 
   void ExpectAll(std::size_t count) {
     test::ExpectAllKept(
-        path, "centro", pbx.config,
+        path, "centro", {&pbx.config},
         {pbx.lines.begin(), pbx.lines.begin() + static_cast<std::ptrdiff_t>(count)});
   }
   std::int64_t Counted(Incident incident) {

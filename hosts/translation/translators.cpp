@@ -1,16 +1,13 @@
-#include "conmuta/translators.h"
+#include "translation/translators.h"
 
-#include "conmuta/user_error.h"
-#include "conmuta/utf8.h"
+#include <algorithm>
 
-namespace conmuta::host {
+#include "platform/platform.h"
+
+namespace conmuta::translation {
 namespace {
 
 constexpr TextView kBlockEnd = u"--------";  // of Norstar: the line that opens the next block
-
-bool CanTranslate(NoCall reason) {
-  return reason != NoCall::kIncompleteConfiguration && reason != NoCall::kNoTranslation;
-}
 
 // Whether the line is a call or goes into one: another layout must not make a call of it, too.
 bool IsUsed(const Verdict& verdict) {
@@ -20,15 +17,22 @@ bool IsUsed(const Verdict& verdict) {
 
 }  // namespace
 
-Translators::Translators(std::span<const NamedLayout> layouts, const Clock& clock) {
-  for (const NamedLayout& named : layouts) {
-    auto desk = std::make_unique<Desk>(clock);
-    desk->config = MakeConfig(named.layout);
-    desk->translator.Conmutador(desk->config.get());
-    const NoCall reason = desk->translator.Judge(u" ").reason;
-    if (!CanTranslate(reason)) throw UserError(named.name + ": " + Utf8(Sentence(reason)));
-    desks_.push_back(std::move(desk));
-  }
+std::optional<NoCall> WhyUseless(clsCfgConmut& config) {
+  clsTradEST translator(SystemPlatform().clock);
+  translator.Conmutador(&config);
+  const NoCall reason = translator.Judge(u" ").reason;
+  const bool is_useless =
+      reason == NoCall::kIncompleteConfiguration || reason == NoCall::kNoTranslation;
+  return is_useless ? std::optional(reason) : std::nullopt;
+}
+
+Translators::Desk::Desk(clsCfgConmut* its_config, const Clock& clock)
+    : config(its_config), translator(clock) {
+  translator.Conmutador(config);
+}
+
+Translators::Translators(std::span<clsCfgConmut* const> configs, const Clock& clock) {
+  for (clsCfgConmut* config : configs) desks_.push_back(std::make_unique<Desk>(config, clock));
 }
 
 Outcome Translators::Judge(TextView line, std::size_t layout) {
@@ -60,4 +64,9 @@ std::size_t Translators::CallsWaiting() const {
   return waiting;
 }
 
-}  // namespace conmuta::host
+bool Translators::Waits() const {
+  return std::any_of(desks_.begin(), desks_.end(),
+                     [](const auto& desk) { return desk->translator.Waits(); });
+}
+
+}  // namespace conmuta::translation
