@@ -17,7 +17,9 @@ struct StatusOptions {
   Now now = SystemNow;
 };
 
-// kFailed when a source is silent or the store cannot be read.
+// All of these: kUsage when the store cannot be read or written.
+
+// kFailed when a source is silent.
 int Status(const StatusOptions& options, std::ostream& out, std::ostream& err);
 
 struct ReprocessOptions {
@@ -26,7 +28,7 @@ struct ReprocessOptions {
 };
 
 // Translates all lines of these sources again, each on the day on which it was received. What was
-// made of them before stays when that fails.
+// made of them before stays when that fails. kUsage while a capture has them, too.
 int Reprocess(const ReprocessOptions& options, const LoadLayouts& load, std::ostream& err);
 
 enum class ExportFormat : std::uint8_t { kCsv, kJsonLines };

@@ -49,7 +49,8 @@ class Run {
     Watch();
     loop_.Run();
     const bool kept = writer_->Stop();
-    return kept && !refused_ ? kDone : kFailed;
+    if (refused_) return kUsage;
+    return kept ? kDone : kFailed;
   }
 
   bool is_stuck() const { return writer_->is_stuck(); }

@@ -17,8 +17,8 @@ namespace conmuta::capture {
 
 // Ends of a command, the same for all.
 inline constexpr int kDone = 0;
-inline constexpr int kFailed = 1;
-inline constexpr int kUsage = 2;
+inline constexpr int kFailed = 1;  // what was asked for was done, and found wanting
+inline constexpr int kUsage = 2;   // it cannot be done with these arguments, files, this store
 
 struct CaptureOptions {
   std::string store = "conmuta.db";
@@ -32,7 +32,7 @@ struct CaptureOptions {
 };
 
 // Keeps what the sources bring until the program is to end, or no source has anything more. kFailed
-// when lines could not be kept, or the store is one that it must not touch.
+// when lines could not be kept, kUsage when the store is one that it must not touch.
 int Capture(const CaptureOptions& options, const LoadLayouts& load, std::ostream& err);
 
 }  // namespace conmuta::capture

@@ -16,6 +16,7 @@ class StoreError : public std::runtime_error {
     kFailed,   // may pass: disk full, read-only, busy, unreachable
     kDamaged,  // the file is no database any more
     kRefused,  // never passes: made by a later version
+    kInUse,    // passes when another program ends
   };
 
   StoreError(Kind kind, const std::string& what) : std::runtime_error(what), kind_(kind) {}
@@ -53,6 +54,8 @@ class Database {
   virtual void Run(const std::string& sql) = 0;
   // What this database calls a column of bytes.
   virtual std::string BytesType() const = 0;
+  // Whether this one may write lines of a source: nobody else may then, until this is closed.
+  virtual bool Claim(std::int64_t source) = 0;
   // Rolls back what is open, if anything; never throws.
   virtual void Rollback() noexcept = 0;
 };

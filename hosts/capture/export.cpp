@@ -105,12 +105,12 @@ int Export(const ExportOptions& options, std::ostream& out, std::ostream& err) {
     });
     if (!out.flush()) {
       messages.Tell("no se puede escribir la salida");
-      return kFailed;
+      return kUsage;
     }
     return kDone;
   } catch (const StoreError& error) {
     messages.Tell("no se puede leer el almacén " + ShownStore(options.store) + ": " + error.what());
-    return kFailed;
+    return kUsage;
   }
 }
 

@@ -27,6 +27,18 @@ std::string Utf8(TextView text) {
   return ToUtf8(text).value_or("?");
 }
 
+// What is the matter, and what a person can do, by how the state begins.
+constexpr std::pair<TextView, const char*> kSentences[] = {
+    {u"IM", "falta el controlador ODBC: instálelo, o corrija DRIVER"},
+    {u"08", "no hay conexión con el servidor: vea que esté en marcha y que la red llegue"},
+    {u"28", "el servidor no admite a ese usuario: corrija Uid y Pwd"},
+    {u"3D", "el servidor no tiene esa base: corrija Database"},
+    {u"42501", "falta permiso en la base: délo al usuario"},
+    {u"53", "el servidor no tiene recursos: vea su disco y su memoria"},
+    {u"57", "el servidor se detuvo o tarda demasiado: véalo"},
+    {u"HYT", "el servidor tarda demasiado: vea qué lo ocupa"},
+};
+
 [[noreturn]] void Throw(SQLSMALLINT kind, SQLHANDLE handle) {
   std::array<SQLWCHAR, 6> state{};
   std::array<SQLWCHAR, 512> message{};
@@ -35,7 +47,15 @@ std::string Utf8(TextView text) {
   std::string what = "la base de datos no responde";
   if (SQL_SUCCEEDED(SQLGetDiagRecW(kind, handle, 1, state.data(), &native, message.data(),
                                    static_cast<SQLSMALLINT>(message.size()), &length))) {
-    what = Utf8(reinterpret_cast<const char16_t*>(message.data()));
+    const TextView which(reinterpret_cast<const char16_t*>(state.data()));
+    what = "el servidor no lo hizo";
+    for (const auto& [of, sentence] : kSentences) {
+      if (which.starts_with(of)) what = sentence;
+    }
+    std::string own = Utf8(reinterpret_cast<const char16_t*>(message.data()));
+    std::replace_if(
+        own.begin(), own.end(), [](char c) { return c == '\n' || c == '\t'; }, ' ');
+    what += " (ODBC: " + own + ")";
   }
   throw StoreError(StoreError::Kind::kFailed, what);
 }
@@ -202,6 +222,9 @@ class Environment {
   Handle handle_;
 };
 
+// Among all that programs claim in a server.
+constexpr std::int64_t kClaims = 0x636D7461;
+
 class OdbcDatabase final : public Database {
  public:
   OdbcDatabase(const std::string& address, Access access)
@@ -240,6 +263,15 @@ class OdbcDatabase final : public Database {
   }
   void Rollback() noexcept override { SQLEndTran(SQL_HANDLE_DBC, connection_.get(), SQL_ROLLBACK); }
   std::string BytesType() const override { return "BYTEA"; }
+  // The session's: a server that notices that a client is gone lets go.
+  bool Claim(std::int64_t source) override {
+    OdbcStatement claim(connection_.get(),
+                        "SELECT CASE WHEN pg_try_advisory_lock(CAST(? AS INTEGER), "
+                        "CAST(? AS INTEGER)) THEN 1 ELSE 0 END");
+    claim.Bind(0, kClaims);
+    claim.Bind(1, source);
+    return claim.Step() && claim.Number(0) == 1;
+  }
 
  private:
   void Commit() const {

@@ -25,6 +25,10 @@ void Recorder::Open(Thoroughness thoroughness) {
   for (Source& source : sources_) {
     source.row = store->Source(source.layout.name);
     source.row.layout = source.layout.layout;
+    if (!store->Claim(source.row.id)) {
+      throw StoreError(StoreError::Kind::kInUse,
+                       "otro conmuta guarda la fuente " + source.layout.name + ": deténgalo");
+    }
     source.stands = false;
   }
   store_ = std::move(store);

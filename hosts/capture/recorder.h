@@ -23,7 +23,8 @@ class Recorder {
  public:
   Recorder(const std::vector<SourceLayout>& sources, OpenDatabase open);
 
-  // Opens the store if it is not open. StoreError.
+  // Opens the store if it is not open, and keeps others from writing lines of these sources.
+  // StoreError, kInUse when somebody else does.
   void Open(Thoroughness thoroughness);
   void Close() { store_.reset(); }
 

@@ -32,9 +32,14 @@ int Reprocess(const ReprocessOptions& options, const LoadLayouts& load, std::ost
     recorder.TranslateAnew();
     return kDone;
   } catch (const StoreError& error) {
-    messages.Tell("no se puede traducir el almacén " + ShownStore(options.store) + ": " +
-                  error.what());
-    return kFailed;
+    if (error.kind() == StoreError::Kind::kInUse) {
+      messages.Tell("la captura está en marcha; deténgala, y repita la orden (" +
+                    std::string(error.what()) + ")");
+    } else {
+      messages.Tell("no se puede traducir el almacén " + ShownStore(options.store) + ": " +
+                    error.what());
+    }
+    return kUsage;
   }
 }
 

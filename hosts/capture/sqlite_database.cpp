@@ -3,7 +3,10 @@
 #include <sqlite3.h>
 
 #include <ctime>
+#include <optional>
 #include <system_error>
+
+#include "capture/system.h"
 
 namespace conmuta::capture {
 namespace {
@@ -16,11 +19,31 @@ std::string Utf8(const std::filesystem::path& path) {
   return {text.begin(), text.end()};
 }
 
+// What is the matter, and what a person can do.
+constexpr std::pair<int, const char*> kSentences[] = {
+    {SQLITE_FULL, "el disco está lleno: haga lugar"},
+    {SQLITE_READONLY, "no se puede escribir: dé permiso en el archivo y en su carpeta"},
+    {SQLITE_PERM, "no hay permiso: délo en el archivo y en su carpeta"},
+    {SQLITE_AUTH, "no hay permiso: délo en el archivo y en su carpeta"},
+    {SQLITE_CANTOPEN, "no se puede abrir: vea el nombre, la carpeta y los permisos"},
+    {SQLITE_BUSY, "otro programa lo tiene ocupado: ciérrelo o espere"},
+    {SQLITE_LOCKED, "otro programa lo tiene ocupado: ciérrelo o espere"},
+    {SQLITE_IOERR, "el disco falla: revíselo"},
+    {SQLITE_CORRUPT, "el archivo está dañado: recupere un respaldo"},
+    {SQLITE_NOTADB, "el archivo no es un almacén: dé el nombre de uno"},
+    {SQLITE_NOMEM, "no alcanza la memoria: cierre programas"},
+};
+
 [[noreturn]] void Throw(sqlite3* database) {
-  const int code = database != nullptr ? sqlite3_errcode(database) : SQLITE_NOMEM;
+  const int code = database != nullptr ? sqlite3_errcode(database) & 0xFF : SQLITE_NOMEM;
+  std::string what = "la base de datos no lo hizo";
+  for (const auto& [of, sentence] : kSentences) {
+    if (of == code) what = sentence;
+  }
+  const char* own = database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(code);
   const bool damaged = code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
   throw StoreError(damaged ? StoreError::Kind::kDamaged : StoreError::Kind::kFailed,
-                   database != nullptr ? sqlite3_errmsg(database) : "no hay memoria");
+                   what + " (SQLite: " + own + ")");
 }
 
 class SqliteStatement final : public Statement {
@@ -87,7 +110,7 @@ class SqliteStatement final : public Statement {
 
 class SqliteDatabase final : public Database {
  public:
-  SqliteDatabase(const std::filesystem::path& path, Access access, const char* vfs) {
+  SqliteDatabase(const std::filesystem::path& path, Access access, const char* vfs) : path_(path) {
     const int flags = access == Access::kReadWrite ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE
                                                    : SQLITE_OPEN_READONLY;
     if (sqlite3_open_v2(Utf8(path).c_str(), &database_, flags, vfs) != SQLITE_OK) Fail();
@@ -109,6 +132,16 @@ class SqliteDatabase final : public Database {
     }
   }
   std::string BytesType() const override { return "BLOB"; }
+  // In a file of its own: closing another handle of the database's would end SQLite's locks.
+  bool Claim(std::int64_t source) override try {
+    auto beside = path_;
+    beside += "-captura";
+    if (!claims_) claims_.emplace(beside);
+    return claims_->Take(source);
+  } catch (const std::system_error& error) {
+    throw StoreError(StoreError::Kind::kFailed,
+                     "no se puede escribir junto al almacén: " + SystemText(error.code()));
+  }
   void Rollback() noexcept override {
     if (sqlite3_get_autocommit(database_) == 0) {
       sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
@@ -130,6 +163,8 @@ class SqliteDatabase final : public Database {
   }
 
   sqlite3* database_ = nullptr;
+  std::filesystem::path path_;
+  std::optional<FileClaims> claims_;
 };
 
 void LookThrough(Database& database) {

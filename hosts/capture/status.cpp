@@ -81,7 +81,7 @@ int Status(const StatusOptions& options, std::ostream& out, std::ostream& err) {
   } catch (const StoreError& error) {
     Messages(err).Tell("no se puede leer el almacén " + ShownStore(options.store) + ": " +
                        error.what());
-    return kFailed;
+    return kUsage;
   }
 }
 

@@ -64,6 +64,9 @@ class Store {
   SourceRow Source(const std::string& name);
   std::vector<SourceRow> Sources();
 
+  // Whether this one may write lines of the source: nobody else may then.
+  bool Claim(std::int64_t source) { return database_->Claim(source); }
+
   // False when the line is there already; another one of its number is a StoreError, for then
   // somebody else keeps lines of this source.
   bool Keep(std::int64_t source, const Received& line);

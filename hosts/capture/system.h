@@ -23,6 +23,22 @@ void WatchConnection(std::intptr_t socket);
 // Reads what the program is given; 0 at the end or when there is none. Waits.
 std::size_t ReadStandardInput(char* room, std::size_t size);
 
+// Keeps others from parts of a file, as long as this lives; a process that is killed lets go.
+class FileClaims {
+ public:
+  // The file is made where it is not there. std::system_error.
+  explicit FileClaims(const std::filesystem::path& path);
+  ~FileClaims();
+  FileClaims(const FileClaims&) = delete;
+  FileClaims& operator=(const FileClaims&) = delete;
+
+  // False when somebody else has that part.
+  bool Take(std::int64_t part) const;
+
+ private:
+  std::intptr_t handle_;
+};
+
 // A file that another program goes on writing, renames or deletes.
 class SharedFile {
  public:

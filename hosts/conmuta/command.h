@@ -51,7 +51,7 @@ struct Command {
   // Reads what was asked for and does it; gives the exit code. UserError for what a person has to
   // put right.
   int (*run)(const Arguments& arguments, Console& console);
-  std::string_view one = "si alguna línea dio error";  // when it ends with 1
+  std::string_view one = "si alguna línea dio error";  // when it ends with 1; empty for never
 };
 
 // All of them, in the order in which the help names them.

@@ -51,12 +51,13 @@ std::string Row(const std::string& name, std::string_view help) {
   return row + text.substr(kColumn);
 }
 
-std::string ExitCodes(std::string_view one) {
-  return "Termina con 0; con 1 " + std::string(one) +
-         "; con 2 si los argumentos o los archivos no sirven.\n";
-}
-
 }  // namespace
+
+std::string ExitCodes(const Command& command) {
+  std::string text = "Termina con 0; ";
+  if (!command.one.empty()) text += "con 1 " + std::string(command.one) + "; ";
+  return text + "con 2 si los argumentos o los archivos no sirven.";
+}
 
 std::string Heading(const Option& option) {
   std::string heading(option.letter);
@@ -99,7 +100,7 @@ std::string HelpText() {
       text += "  " + std::string(command->examples.front().line) + '\n';
     }
   }
-  return text += '\n' + Wrapped(ExitCodes("si alguna línea dio error"), 0);
+  return text += '\n' + Wrapped(ExitCodes(Command{}) + '\n', 0);
 }
 
 std::string HelpText(const Command& command) {
@@ -115,7 +116,7 @@ std::string HelpText(const Command& command) {
   for (const Example& example : command.examples) {
     text += "  " + std::string(example.line) + '\n' + Wrapped(example.what, 6);
   }
-  return text += '\n' + Wrapped(ExitCodes(command.one), 0);
+  return text += '\n' + Wrapped(ExitCodes(command) + '\n', 0);
 }
 
 }  // namespace conmuta::host

@@ -16,6 +16,8 @@ std::string VersionText();
 std::string Synopsis(const Command& command);
 // "-f, --formato FORMATO"
 std::string Heading(const Option& option);
+// "Termina con 0; con 1 si..."
+std::string ExitCodes(const Command& command);
 
 // Sources of a shell's completion, and of the manual's page for man.
 std::string BashCompletion();

@@ -38,6 +38,7 @@ std::string Section(const Command& command) {
   std::string text = ".SS " + Roff(Synopsis(command)) + '\n' + Paragraphs(command.text);
   for (const Operand& operand : command.operands) text += Item(operand.name, operand.help);
   for (const Option& option : command.options) text += Item(Heading(option), option.help);
+  text += ".PP\n" + Roff(ExitCodes(command)) + "\n";
   for (const Example& example : command.examples) {
     text +=
         ".PP\n" + Roff(example.what) + "\n.PP\n.RS\n.nf\n" + Roff(example.line) + "\n.fi\n.RE\n";

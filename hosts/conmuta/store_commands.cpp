@@ -105,19 +105,20 @@ const Command kEstado = {"estado",
                          kStatusOptions,
                          kStatusExamples,
                          RunEstado,
-                         "si una fuente está en silencio o el almacén no se puede leer"};
+                         "si una fuente está en silencio"};
 
 extern const Command kReprocesa;
 const Command kReprocesa = {"reprocesa",
                             "Traduce otra vez las líneas guardadas, con otro layout.",
                             "Cada línea se lee con el día en que llegó. Lo que se había hecho de "
                             "ellas queda como estaba si "
-                            "algo falla. La captura de ese almacén debe estar detenida.",
+                            "algo falla. Mientras una captura guarda una de esas fuentes no hace "
+                            "nada, y termina con 2.",
                             kReprocessOperands,
                             kReprocessOptions,
                             kReprocessExamples,
                             RunReprocesa,
-                            "si el almacén no se puede leer o escribir"};
+                            {}};
 
 extern const Command kExporta;
 const Command kExporta = {"exporta",
@@ -127,6 +128,6 @@ const Command kExporta = {"exporta",
                           kExportOptions,
                           kExportExamples,
                           RunExporta,
-                          "si el almacén no se puede leer"};
+                          {}};
 
 }  // namespace conmuta::host

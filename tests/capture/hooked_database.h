@@ -54,6 +54,7 @@ class HookedDatabase final : public capture::Database {
     database_->Run(sql);
   }
   std::string BytesType() const override { return database_->BytesType(); }
+  bool Claim(std::int64_t source) override { return database_->Claim(source); }
   void Rollback() noexcept override { database_->Rollback(); }
 
  private:

@@ -205,6 +205,50 @@ TEST(StoreOfTwoCaptures, LinesOfOneAreNotTakenForThoseOfTheOther) {
   EXPECT_THROW(store.Keep(source, line), StoreError);
 }
 
+TEST(StoreOfTwoCaptures, OneKeepsTheOtherFromItsSources) {
+  StoreBench bench("panasonic-kx");
+  Recorder recorder = bench.MakeRecorder();
+  recorder.Open(Thoroughness::kQuick);
+  Recorder same = bench.MakeRecorder();
+  try {
+    same.Open(Thoroughness::kQuick);
+    FAIL();
+  } catch (const StoreError& error) {
+    EXPECT_EQ(error.kind(), StoreError::Kind::kInUse);
+  }
+  Recorder other({bench.pbx.Of("sur")}, [&](Thoroughness thoroughness) {
+    return OpenSqliteOrSetAside(bench.path, thoroughness, bench.messages);
+  });
+  other.Open(Thoroughness::kQuick);
+  recorder.Close();
+  same.Open(Thoroughness::kQuick);
+}
+
+TEST(StoreErrors, SayInSpanishWhatToDo) {
+  StoreBench bench("panasonic-kx");
+  const auto told = [&](const std::filesystem::path& path, Access access) {
+    try {
+      Store(OpenSqlite(path, access, Thoroughness::kQuick), SchemaUse::kRead);
+    } catch (const StoreError& error) {
+      return std::string(error.what());
+    }
+    return std::string();
+  };
+  EXPECT_EQ(told(bench.folder.path() / "no" / "a.db", Access::kReadWrite).find("no se puede abrir"),
+            0U);
+  std::ofstream(bench.path, std::ios::binary) << std::string(5000, 'x');
+  EXPECT_EQ(told(bench.path, Access::kReadOnly).find("el archivo no es un almacén"), 0U);
+  FaultyFiles files;
+  files.FailAfter(0, SQLITE_FULL, true);
+  try {
+    OpenSqlite(bench.folder.path() / "b.db", Access::kReadWrite, Thoroughness::kQuick, files.name())
+        ->Run("CREATE TABLE a(b)");
+    FAIL();
+  } catch (const StoreError& error) {
+    EXPECT_EQ(std::string(error.what()).find("el disco está lleno"), 0U) << error.what();
+  }
+}
+
 TEST(Shown, EscapesWhatSteersATerminal) {
   EXPECT_EQ(Shown("a\x1B\x7F"
                   "ñ"),

@@ -41,6 +41,25 @@ std::size_t ReadStandardInput(char* room, std::size_t size) {
   return count > 0 ? static_cast<std::size_t>(count) : 0;
 }
 
+FileClaims::FileClaims(const std::filesystem::path& path)
+    : handle_(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666)) {
+  if (handle_ == -1) throw std::system_error(errno, std::generic_category());
+}
+
+FileClaims::~FileClaims() {
+  close(static_cast<int>(handle_));
+}
+
+bool FileClaims::Take(std::int64_t part) const {
+  // Of the open file, not of the process: the one that other claims of the same process respect.
+  struct flock lock {};
+  lock.l_type = F_WRLCK;
+  lock.l_whence = SEEK_SET;
+  lock.l_start = part;
+  lock.l_len = 1;
+  return fcntl(static_cast<int>(handle_), F_OFD_SETLK, &lock) == 0;
+}
+
 bool SharedFile::Open(const std::filesystem::path& path) {
   Close();
   handle_ = open(path.c_str(), O_RDONLY | O_CLOEXEC);

@@ -54,6 +54,27 @@ std::size_t ReadStandardInput(char* room, std::size_t size) {
   return count;
 }
 
+FileClaims::FileClaims(const std::filesystem::path& path)
+    : handle_(reinterpret_cast<std::intptr_t>(CreateFileW(
+          path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+          OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr))) {
+  if (handle_ == -1) {
+    throw std::system_error(static_cast<int>(GetLastError()), std::system_category());
+  }
+}
+
+FileClaims::~FileClaims() {
+  CloseHandle(HandleOf(handle_));
+}
+
+bool FileClaims::Take(std::int64_t part) const {
+  OVERLAPPED at{};
+  at.Offset = static_cast<DWORD>(part);
+  at.OffsetHigh = static_cast<DWORD>(part >> 32);
+  return LockFileEx(HandleOf(handle_), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0,
+                    &at) != FALSE;
+}
+
 bool SharedFile::Open(const std::filesystem::path& path) {
   Close();
   const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ,
