@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "conmuta/day.h"
 #include "layouts/capture_head.h"
 
 namespace conmuta::host {
@@ -23,13 +22,6 @@ std::string_view LineSource::Fill() {
   bytes_read_ += static_cast<std::uint64_t>(bytes_.gcount());
   // A mark alone is not the end.
   return bytes.empty() && bytes_.gcount() != 0 ? Fill() : bytes;
-}
-
-bool LineSource::TakeHead(std::string_view line) {
-  constexpr std::string_view kDate = "# fecha: ";
-  in_head_ = layouts::IsOfHead(line);
-  if (in_head_ && line.starts_with(kDate)) date_ = ReadDay(line.substr(kDate.size()));
-  return in_head_;
 }
 
 }  // namespace conmuta::host

@@ -8,13 +8,13 @@
 #include <string_view>
 #include <vector>
 
+#include "conmuta/capture_head.h"
 #include "layouts/host_line.h"
-#include "platform/calendar.h"
 
 namespace conmuta::host {
 
-// Lines as HostLines cuts them, counted from 1. Those of the head ("# clave: valor", only where
-// they begin the capture) are counted, looked at and not handed out.
+// Lines as HostLines cuts them, counted from 1. Those of the head are counted, looked at and not
+// handed out.
 class LineSource {
  public:
   explicit LineSource(std::istream& bytes) : bytes_(bytes), chunk_(std::size_t{1} << 16) {}
@@ -33,7 +33,7 @@ class LineSource {
     arrived();
     const auto take = [&](std::string_view text) {
       ++number_;
-      if (in_head_ && TakeHead(text)) return;
+      if (head_.Take(text)) return;
       line(number_, text);
     };
     if (!bytes.empty()) {
@@ -47,21 +47,18 @@ class LineSource {
   std::uint64_t bytes_read() const { return bytes_read_; }
   // The day on which the capture was taken, if its head says so. Known with the first line that is
   // handed out.
-  std::optional<CivilDate> date() const { return date_; }
+  std::optional<CivilDate> date() const { return head_.date(); }
 
  private:
   // The next bytes, empty at the end; what a text editor writes in front of its first line is none.
   std::string_view Fill();
-  // Whether the line belongs to the head.
-  bool TakeHead(std::string_view line);
 
   std::istream& bytes_;
   std::vector<char> chunk_;
   layouts::HostLines lines_;
   std::uint64_t bytes_read_ = 0;
   std::uint64_t number_ = 0;
-  bool in_head_ = true;
-  std::optional<CivilDate> date_;
+  CaptureHead head_;
 };
 
 }  // namespace conmuta::host

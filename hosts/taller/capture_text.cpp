@@ -1,0 +1,75 @@
+#include "taller/capture_text.h"
+
+#include <algorithm>
+
+namespace conmuta::taller {
+namespace {
+
+// A mark comes after so many lines, or so many bytes.
+constexpr std::uint64_t kLinesApart = 4096;
+constexpr std::uint64_t kBytesApart = 65536;
+constexpr std::size_t kRoom = std::size_t{1} << 18;
+
+}  // namespace
+
+CaptureText::CaptureText(std::shared_ptr<const CaptureBytes> bytes)
+    : bytes_(std::move(bytes)), room_(kRoom) {}
+
+bool CaptureText::Step(std::size_t most) {
+  const std::uint64_t size = bytes_->size();
+  for (std::size_t left = most; left != 0 && seen_ < size;) {
+    const std::size_t count = bytes_->Read(seen_, {room_.data(), std::min(left, room_.size())});
+    if (count == 0) return false;  // the disk fails: what was seen stays
+    const std::string_view piece(room_.data(), count);
+    for (std::size_t at = 0; (at = piece.find('\n', at)) != piece.npos; ++at) {
+      EndLine(seen_ + at + 1);
+    }
+    seen_ += count;
+    left -= count;
+  }
+  return seen_ < size;
+}
+
+void CaptureText::EndLine(std::uint64_t next_begin) {
+  ++ends_;
+  const std::uint64_t begin = last_begin_;
+  last_begin_ = next_begin;
+  if (in_head_) {
+    std::string line(std::min<std::uint64_t>(next_begin - 1 - begin, kMostOfLine), '\0');
+    line.resize(bytes_->Read(begin, line));
+    if (line.ends_with('\r')) line.pop_back();
+    in_head_ = head_.Take(line);
+    if (in_head_) head_lines_ = ends_;
+  }
+  const Mark& last = marks_.back();
+  if (ends_ + 1 - last.line >= kLinesApart || next_begin - last.offset >= kBytesApart) {
+    marks_.push_back({ends_ + 1, next_begin});
+  }
+}
+
+void CaptureText::ReadBlock(const Mark& mark, std::uint64_t end) const {
+  // No line begins further behind its mark, and of none is more wanted.
+  const std::uint64_t most = std::min(end - mark.offset, kBytesApart + kMostOfLine);
+  if (block_.offset == mark.offset && block_.bytes.size() == most) return;
+  block_.offset = mark.offset;
+  block_.bytes.resize(static_cast<std::size_t>(most));
+  block_.bytes.resize(bytes_->Read(mark.offset, block_.bytes));
+}
+
+std::string CaptureText::Line(std::uint64_t number) const {
+  if (number == 0 || number > lines()) return {};
+  const auto behind =
+      std::upper_bound(marks_.begin(), marks_.end(), number,
+                       [](std::uint64_t line, const Mark& mark) { return line < mark.line; });
+  const Mark& mark = *(behind - 1);
+  ReadBlock(mark, behind != marks_.end() ? behind->offset : seen_);
+  std::string_view rest = block_.bytes;
+  for (std::uint64_t line = mark.line; line < number; ++line) {
+    const std::size_t end = rest.find('\n');
+    if (end == rest.npos) return {};
+    rest.remove_prefix(end + 1);
+  }
+  return std::string(rest.substr(0, std::min(rest.find('\n'), kMostOfLine)));
+}
+
+}  // namespace conmuta::taller
