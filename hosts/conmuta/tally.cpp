@@ -80,16 +80,19 @@ std::uint64_t Tally::errors() const {
   return Sum(by_error_);
 }
 
-std::string Tally::Summary(std::span<const NamedLayout> layouts) const {
+std::string Tally::Headline() const {
   std::string types;
   for (const auto& [type, words] : kCallTypes) {
     const std::uint64_t count = by_type_[static_cast<std::size_t>(type)];
     if (count != 0) AddPart(types, Counted(count, words));
   }
-  std::string text = Counted(lines_, {"línea", "líneas"}) + ": " +
-                     Counted(calls(), {"llamada", "llamadas"}) + InBrackets(types) + ", " +
-                     std::to_string(Sum(by_reason_)) + " sin llamada, " +
-                     Counted(errors(), {"error", "errores"});
+  return Counted(lines_, {"línea", "líneas"}) + ": " + Counted(calls(), {"llamada", "llamadas"}) +
+         InBrackets(types) + ", " + std::to_string(Sum(by_reason_)) + " sin llamada, " +
+         Counted(errors(), {"error", "errores"});
+}
+
+std::string Tally::Summary(std::span<const NamedLayout> layouts) const {
+  std::string text = Headline();
   if (layouts.size() > 1) {
     std::string parts;
     for (std::size_t i = 0; i < layouts.size(); ++i) {

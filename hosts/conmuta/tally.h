@@ -19,6 +19,11 @@ class Tally {
     ++lines_;
     Count(outcome);
   }
+  // So many lines of one layout that came out alike. The type counts where they are calls.
+  void CountLines(const Verdict& verdict, emTiposLlamadas type, std::uint64_t lines) {
+    lines_ += lines;
+    Count(verdict, type, 0, lines);
+  }
   // A call that no line of its own brought.
   void CountCall(const Outcome& outcome) { Count(outcome); }
   void CountWaiting(std::size_t calls) { waiting_ += calls; }
@@ -29,7 +34,9 @@ class Tally {
   std::uint64_t calls() const;
   std::uint64_t errors() const;
 
-  // In one line or more, Spanish. The layouts' names are told where there are several.
+  // "53 líneas: 29 llamadas (…), 24 sin llamada, 0 errores"
+  std::string Headline() const;
+  // The same and more, in one line or several. The layouts' names are told where there are several.
   std::string Summary(std::span<const NamedLayout> layouts) const;
 
  private:
@@ -38,14 +45,19 @@ class Tally {
   static constexpr std::size_t kErrors = static_cast<std::size_t>(LineError::kInvalidArgument) + 1;
 
   void Count(const Outcome& outcome) {
-    const Verdict& verdict = outcome.verdict;
+    const bool is_call = outcome.verdict.IsCall();
+    Count(outcome.verdict, is_call ? outcome.call->TipoLlamada() : emLlamadaIndefinida,
+          outcome.layout, 1);
+  }
+  void Count(const Verdict& verdict, emTiposLlamadas type, std::size_t layout,
+             std::uint64_t lines) {
     if (verdict.IsCall()) {
-      ++by_type_[static_cast<std::size_t>(outcome.call->TipoLlamada())];
-      ++by_layout_[outcome.layout];
+      by_type_[static_cast<std::size_t>(type)] += lines;
+      by_layout_[layout] += lines;
     } else if (verdict.error != LineError::kNone) {
-      ++by_error_[static_cast<std::size_t>(verdict.error)];
+      by_error_[static_cast<std::size_t>(verdict.error)] += lines;
     } else {
-      ++by_reason_[static_cast<std::size_t>(verdict.reason)];
+      by_reason_[static_cast<std::size_t>(verdict.reason)] += lines;
     }
   }
 

@@ -1,0 +1,54 @@
+#include "taller/judging_run.h"
+
+#include "conmuta/layout_choice.h"
+#include "conmuta/utf8.h"
+
+namespace conmuta::taller {
+
+JudgingRun::JudgingRun(std::shared_ptr<const CaptureBytes> bytes, const layouts::Layout& layout,
+                       const Clock& clock)
+    : bytes_(std::move(bytes)), clock_(clock), config_(host::MakeConfig(layout)), room_(kChunk) {
+  Restart();
+}
+
+// What a translator knows of earlier lines is not to be had out of it again.
+void JudgingRun::Restart() {
+  translator_ = std::make_unique<clsTradEST>(clock_);
+  translator_->Conmutador(config_.get());
+  clock_.Set(std::nullopt);
+  lines_ = {};
+  head_ = {};
+  offset_ = 0;
+  line_ = 0;
+  took_rest_ = false;
+}
+
+void JudgingRun::Take(std::string_view line) {
+  ++line_;
+  if (head_.Take(line)) {
+    clock_.Set(head_.date());
+    kinds_.push_back(LineKind::Head());
+    return;
+  }
+  host::Widen(line, text_);
+  const Verdict verdict = translator_->Judge(text_);
+  kinds_.push_back(LineKind::Of(verdict, translator_->InfoLlamada().TipoLlamada()));
+}
+
+const std::vector<LineKind>& JudgingRun::Chunk() {
+  if (took_rest_ && bytes_->size() > offset_) Restart();
+  first_line_ = line_ + 1;
+  kinds_.clear();
+  const std::size_t count = bytes_->Read(offset_, room_);
+  const auto take = [this](std::string_view line) { Take(line); };
+  lines_.Take({room_.data(), count}, take);
+  offset_ += count;
+  is_done_ = count < room_.size();
+  if (is_done_ && !took_rest_ && !bytes_->IsLive() && !lines_.rest().empty()) {
+    Take(lines_.rest());
+    took_rest_ = true;
+  }
+  return kinds_;
+}
+
+}  // namespace conmuta::taller

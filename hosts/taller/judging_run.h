@@ -1,0 +1,56 @@
+// One way through a capture with one layout.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "conmuta/capture_head.h"
+#include "conmuta/day.h"
+#include "layouts/host_line.h"
+#include "layouts/layout.h"
+#include "taller/capture_bytes.h"
+#include "taller/line_kind.h"
+#include "translate/clsTradEST.h"
+
+namespace conmuta::taller {
+
+class JudgingRun {
+ public:
+  // Bytes of a chunk: a few milliseconds' work, after which somebody may want something else.
+  static constexpr std::size_t kChunk = std::size_t{1} << 17;
+
+  JudgingRun(std::shared_ptr<const CaptureBytes> bytes, const layouts::Layout& layout,
+             const Clock& clock);
+
+  // The kinds of the next lines, up to a chunk of bytes; good until the next call. Lines that stand
+  // in no order with the others (a line that went on after it had been taken for the last) make it
+  // begin anew.
+  const std::vector<LineKind>& Chunk();
+
+  // Whether all that is there was judged.
+  bool IsDone() const { return is_done_; }
+  std::uint64_t bytes_done() const { return offset_; }
+  // Of the first line of the last chunk.
+  std::uint64_t first_line() const { return first_line_; }
+
+ private:
+  void Restart();
+  void Take(std::string_view line);
+
+  std::shared_ptr<const CaptureBytes> bytes_;
+  host::DayClock clock_;
+  std::unique_ptr<clsCfgConmut> config_;
+  std::unique_ptr<clsTradEST> translator_;
+  layouts::HostLines lines_;
+  host::CaptureHead head_;
+  std::vector<char> room_;
+  std::vector<LineKind> kinds_;
+  Text text_;
+  std::uint64_t offset_ = 0;
+  std::uint64_t line_ = 0;
+  std::uint64_t first_line_ = 1;
+  bool took_rest_ = false;
+  bool is_done_ = false;
+};
+
+}  // namespace conmuta::taller
