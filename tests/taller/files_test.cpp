@@ -116,6 +116,9 @@ TEST_F(AutosaveTest, WritesOnlyWhatIsNew) {
   ASSERT_EQ(document.Apply(Model(u"a")), Messages());
   for (int i = 0; i < 3; ++i) EXPECT_EQ(autosave.Keep(document), Messages());
   EXPECT_EQ(disk_.writes, 1);
+  ASSERT_EQ(document.Apply(Model(u"b")), Messages());
+  EXPECT_EQ(autosave.Keep(document), Messages());
+  EXPECT_EQ(disk_.writes, 2);
 }
 
 TEST_F(AutosaveTest, ADiskThatFailsIsSaidAndTriedAgain) {
