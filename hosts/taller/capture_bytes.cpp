@@ -31,12 +31,12 @@ std::size_t MemoryBytes::Read(std::uint64_t offset, std::span<char> room) const 
   return count;
 }
 
-FileBytes::FileBytes(const std::filesystem::path& path)
-    : path_(path), file_(host::OpenToRead(path)) {
+FileBytes::FileBytes(const std::filesystem::path& path) : path_(path) {
+  host::OpenToRead(path);  // says what is the matter with it
   std::error_code ignored;
   time_ = std::filesystem::last_write_time(path_, ignored);
-  file_.seekg(0, std::ios::end);
-  size_ = static_cast<std::uint64_t>(std::max<std::streamoff>(file_.tellg(), 0));
+  file_.Open(path_);
+  size_ = static_cast<std::uint64_t>(file_.Size());
   ends_ = ReadEnds();
 }
 
@@ -48,11 +48,12 @@ std::uint64_t FileBytes::size() const {
 std::size_t FileBytes::Read(std::uint64_t offset, std::span<char> room) const {
   const std::scoped_lock lock(mutex_);
   if (offset >= size_) return 0;
-  const std::uint64_t count = std::min<std::uint64_t>(room.size(), size_ - offset);
-  file_.clear();
-  file_.seekg(static_cast<std::streamoff>(offset));
-  file_.read(room.data(), static_cast<std::streamsize>(count));
-  return static_cast<std::size_t>(file_.gcount());
+  const auto most = static_cast<std::size_t>(std::min<std::uint64_t>(room.size(), size_ - offset));
+  std::size_t count = 0;
+  for (std::size_t more = 1; more != 0 && count < most; count += more) {
+    more = file_.Read(static_cast<std::int64_t>(offset + count), room.data() + count, most - count);
+  }
+  return count;
 }
 
 FileBytes::Ends FileBytes::ReadEnds() const {
@@ -75,8 +76,7 @@ FileBytes::Change FileBytes::Look() {
   {
     // One that took its place has the name and not the handle.
     const std::scoped_lock lock(mutex_);
-    file_ = std::ifstream(path_, std::ios::binary);
-    if (!file_) return Change::kGone;
+    if (!file_.Open(path_)) return Change::kGone;
   }
   // A capture only ever gets longer: whoever writes one of the same length wrote another.
   if (size == size_ || ReadEnds() != ends_) return Change::kReplaced;

@@ -3,12 +3,13 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <mutex>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+
+#include "capture/system.h"
 
 namespace conmuta::taller {
 
@@ -70,7 +71,7 @@ class FileBytes final : public CaptureBytes {
 
   std::filesystem::path path_;
   mutable std::mutex mutex_;
-  mutable std::ifstream file_;
+  capture::SharedFile file_;  // who writes it may rename it
   std::uint64_t size_ = 0;
   std::filesystem::file_time_type time_;
   Ends ends_;

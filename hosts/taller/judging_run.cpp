@@ -7,15 +7,15 @@ namespace conmuta::taller {
 
 JudgingRun::JudgingRun(std::shared_ptr<const CaptureBytes> bytes, const layouts::Layout& layout,
                        const Clock& clock)
-    : bytes_(std::move(bytes)), clock_(clock), config_(host::MakeConfig(layout)), room_(kChunk) {
+    : bytes_(std::move(bytes)), system_(clock), config_(host::MakeConfig(layout)), room_(kChunk) {
   Restart();
 }
 
 // What a translator knows of earlier lines is not to be had out of it again.
 void JudgingRun::Restart() {
-  translator_ = std::make_unique<clsTradEST>(clock_);
+  clock_.emplace(system_);
+  translator_ = std::make_unique<clsTradEST>(*clock_);
   translator_->Conmutador(config_.get());
-  clock_.Set(std::nullopt);
   lines_ = {};
   head_ = {};
   offset_ = 0;
@@ -26,7 +26,7 @@ void JudgingRun::Restart() {
 void JudgingRun::Take(std::string_view line) {
   ++line_;
   if (head_.Take(line)) {
-    clock_.Set(head_.date());
+    if (head_.date()) clock_->Set(*head_.date());
     kinds_.push_back(LineKind::Head());
     return;
   }
@@ -37,6 +37,7 @@ void JudgingRun::Take(std::string_view line) {
 
 const std::vector<LineKind>& JudgingRun::Chunk() {
   if (took_rest_ && bytes_->size() > offset_) Restart();
+  clock_->LookAgain();
   first_line_ = line_ + 1;
   kinds_.clear();
   const std::size_t count = bytes_->Read(offset_, room_);

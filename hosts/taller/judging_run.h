@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "conmuta/capture_head.h"
@@ -38,7 +39,8 @@ class JudgingRun {
   void Take(std::string_view line);
 
   std::shared_ptr<const CaptureBytes> bytes_;
-  host::DayClock clock_;
+  const Clock& system_;
+  std::optional<host::DayClock> clock_;  // one for each beginning
   std::unique_ptr<clsCfgConmut> config_;
   std::unique_ptr<clsTradEST> translator_;
   layouts::HostLines lines_;

@@ -14,8 +14,12 @@ constexpr char16_t kPictureOfDelete = u'\u2421';
 constexpr char16_t kUnseen = u'\u00B7';
 
 char16_t Seen(char16_t c) {
-  if (c == 0x7F) return kPictureOfDelete;
   return host::Steers(c) ? kUnseen : c;
+}
+
+char16_t PictureOf(char control) {
+  if (control == '\x7F') return kPictureOfDelete;
+  return static_cast<char16_t>(kPictures + static_cast<unsigned char>(control));
 }
 
 // Columns of bytes: characters once they are text.
@@ -41,8 +45,7 @@ ShownLine Show(std::string_view bytes) {
     }
     column += ColumnsOf(printed.substr(counted));
     counted = printed.size();
-    shown.controls.push_back(
-        {column, static_cast<char16_t>(kPictures + static_cast<unsigned char>(c))});
+    shown.controls.push_back({column, PictureOf(c)});
   }
   host::Widen(printed, shown.text);
   shown.seen = shown.text;

@@ -180,11 +180,12 @@ TEST(ShownLine, ControlBytesAreShownBetweenTheColumnsTheyCameIn) {
   const ShownLine shown =
       Show(std::string_view("\x02"
                             "ab\x11"
-                            "c\0d\r",
-                            8));
+                            "c\0d\x7F\r",
+                            9));
   EXPECT_EQ(shown.text, u"abcd");
   EXPECT_EQ(shown.seen, u"abcd");
-  const std::vector<ShownLine::Control> wanted = {{1, u'\u2402'}, {3, u'\u2411'}, {4, u'\u2400'}};
+  const std::vector<ShownLine::Control> wanted = {
+      {1, u'\u2402'}, {3, u'\u2411'}, {4, u'\u2400'}, {5, u'\u2421'}};
   EXPECT_EQ(shown.controls, wanted);
 }
 
@@ -196,11 +197,10 @@ TEST(ShownLine, ColumnsAreCharactersNotBytes) {
 }
 
 TEST(ShownLine, WhatCannotBeSeenHasASymbolInItsColumn) {
-  EXPECT_EQ(Show("a\x7F"
-                 "b\xE2\x80\xAE"
-                 "c")
+  EXPECT_EQ(Show("a\xE2\x80\xAE"
+                 "b")
                 .seen,
-            u"a\u2421b\u00B7c");
+            u"a\u00B7b");
 }
 
 }  // namespace

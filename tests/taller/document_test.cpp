@@ -11,32 +11,17 @@
 #include "support/random_layout.h"
 #include "support/source_files.h"
 #include "support/temporary_folder.h"
+#include "taller/changes.h"
 #include "taller/map_disk.h"
 
 namespace conmuta::taller {
 namespace {
 
-using layouts::SetConstant;
-using layouts::SetItem;
-using layouts::SetText;
+using test::Constant;
+using test::Item;
+using test::Model;
 
 const std::filesystem::path kSwitches = std::filesystem::path(CONMUTA_SOURCES) / "switches";
-
-SetItem Item(emParamDato kind, int pos, int size) {
-  return {{kind, emValorNumerico, static_cast<std::uint8_t>(pos), static_cast<std::uint8_t>(size)}};
-}
-SetConstant Constant(emParamDatoConstante kind, int pos, TextView text) {
-  CTE constant;
-  constant.Param = kind;
-  constant.TipoDato = emValorConstante;
-  constant.Pos = static_cast<std::uint8_t>(pos);
-  constant.Constante.Assign(text);
-  constant.Tam = static_cast<std::uint8_t>(constant.Constante.Length());
-  return {constant};
-}
-SetText Model(TextView text) {
-  return {SetText::Key::kModel, Text(text)};
-}
 
 Messages Type(Document& document, const layouts::LayoutChange& change) {
   return document.Apply(change, Document::As::kTyping);

@@ -5,6 +5,7 @@
 #include "support/source_files.h"
 #include "support/temporary_folder.h"
 #include "taller/autosave.h"
+#include "taller/changes.h"
 #include "taller/map_disk.h"
 #include "taller/recent_files.h"
 
@@ -13,9 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-layouts::SetText Model(TextView text) {
-  return {layouts::SetText::Key::kModel, Text(text)};
-}
+using test::Model;
 
 TEST(SystemDisk, WhatCannotBeWrittenLeavesTheFileThatIsThere) {
   const test::TemporaryFolder folder;
@@ -49,7 +48,9 @@ class AutosaveTest : public testing::Test {
   // A session that ends without a word, having changed what the file says.
   void CrashAfter(TextView model, bool has_file) {
     Document document;
-    if (has_file) ASSERT_EQ(document.Open(disk_, "l.toml"), Messages());
+    if (has_file) {
+      ASSERT_EQ(document.Open(disk_, "l.toml"), Messages());
+    }
     Autosave autosave(disk_, "datos");
     ASSERT_EQ(document.Apply(Model(model)), Messages());
     ASSERT_EQ(autosave.Keep(document), Messages());
