@@ -5,6 +5,7 @@
 #include "layouts/capture_head.h"
 
 namespace conmuta::host {
+
 std::string_view LineSource::Fill() {
   // What is there, without waiting until the room is full: a switch prints when somebody hangs up.
   // Of a file all of it is, and comes without going through the stream's own, smaller room.

@@ -50,7 +50,7 @@ class LineSource {
   std::optional<CivilDate> date() const { return head_.date(); }
 
  private:
-  // The next bytes, empty at the end; what a text editor writes in front of its first line is none.
+  // The next bytes, empty at the end.
   std::string_view Fill();
 
   std::istream& bytes_;

@@ -26,6 +26,7 @@ class Tally {
   }
   // A call that no line of its own brought.
   void CountCall(const Outcome& outcome) { Count(outcome); }
+  void CountCall(emTiposLlamadas type) { Count(Verdict(), type, 0, 1); }
   void CountWaiting(std::size_t calls) { waiting_ += calls; }
 
   void Add(const Tally& other);

@@ -21,6 +21,7 @@ bool CaptureText::Step(std::size_t most) {
     const std::size_t count = bytes_->Read(seen_, {room_.data(), std::min(left, room_.size())});
     if (count == 0) return false;  // the disk fails: what was seen stays
     const std::string_view piece(room_.data(), count);
+    if (seen_ == 0) marks_[0].offset = last_begin_ = layouts::SizeOfMark(piece);
     for (std::size_t at = 0; (at = piece.find('\n', at)) != piece.npos; ++at) {
       EndLine(seen_ + at + 1);
     }

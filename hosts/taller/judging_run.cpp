@@ -1,6 +1,7 @@
 #include "taller/judging_run.h"
 
 #include "conmuta/layout_choice.h"
+#include "conmuta/translators.h"
 #include "conmuta/utf8.h"
 
 namespace conmuta::taller {
@@ -20,7 +21,8 @@ void JudgingRun::Restart() {
   head_ = {};
   offset_ = 0;
   line_ = 0;
-  took_rest_ = false;
+  end_.reset();
+  is_closed_ = false;
 }
 
 void JudgingRun::Take(std::string_view line) {
@@ -36,20 +38,30 @@ void JudgingRun::Take(std::string_view line) {
 }
 
 const std::vector<LineKind>& JudgingRun::Chunk() {
-  if (took_rest_ && bytes_->size() > offset_) Restart();
+  if (is_closed_ && bytes_->size() > offset_) Restart();
   clock_->LookAgain();
   first_line_ = line_ + 1;
   kinds_.clear();
   const std::size_t count = bytes_->Read(offset_, room_);
   const auto take = [this](std::string_view line) { Take(line); };
-  lines_.Take({room_.data(), count}, take);
+  std::string_view bytes(room_.data(), count);
+  if (offset_ == 0) bytes.remove_prefix(layouts::SizeOfMark(bytes));
+  lines_.Take(bytes, take);
   offset_ += count;
   is_done_ = count < room_.size();
-  if (is_done_ && !took_rest_ && !bytes_->IsLive() && !lines_.rest().empty()) {
-    Take(lines_.rest());
-    took_rest_ = true;
-  }
+  if (is_done_ && !is_closed_ && !bytes_->IsLive()) TakeEnd();
   return kinds_;
+}
+
+void JudgingRun::TakeEnd() {
+  if (!lines_.rest().empty()) {
+    Take(lines_.rest());
+    is_closed_ = true;
+  }
+  const Verdict verdict = translation::JudgeEnd(*translator_);
+  if (verdict.reason == NoCall::kEmptyLine) return;
+  is_closed_ = true;
+  if (verdict.IsCall()) end_ = LineKind::Of(verdict, translator_->InfoLlamada().TipoLlamada());
 }
 
 }  // namespace conmuta::taller

@@ -23,10 +23,13 @@ class JudgingRun {
   JudgingRun(std::shared_ptr<const CaptureBytes> bytes, const layouts::Layout& layout,
              const Clock& clock);
 
-  // The kinds of the next lines, up to a chunk of bytes; good until the next call. Lines that stand
-  // in no order with the others (a line that went on after it had been taken for the last) make it
-  // begin anew.
+  // The kinds of the next lines, up to a chunk of bytes; good until the next call. More
+  // bytes than those that were taken for the last ones make it begin anew: a line that went on, or
+  // a block.
   const std::vector<LineKind>& Chunk();
+
+  // The call that only the end of the capture brings out, if there is one; known once it is done.
+  std::optional<LineKind> end() const { return end_; }
 
   // Whether all that is there was judged.
   bool IsDone() const { return is_done_; }
@@ -37,6 +40,7 @@ class JudgingRun {
  private:
   void Restart();
   void Take(std::string_view line);
+  void TakeEnd();
 
   std::shared_ptr<const CaptureBytes> bytes_;
   const Clock& system_;
@@ -51,7 +55,8 @@ class JudgingRun {
   std::uint64_t offset_ = 0;
   std::uint64_t line_ = 0;
   std::uint64_t first_line_ = 1;
-  bool took_rest_ = false;
+  std::optional<LineKind> end_;
+  bool is_closed_ = false;  // more lines would not follow what was judged
   bool is_done_ = false;
 };
 

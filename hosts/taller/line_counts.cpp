@@ -18,7 +18,7 @@ TextView SentenceOf(LineKind kind) {
 std::uint64_t LineCounts::Of(Counter counter) const {
   std::uint64_t lines = 0;
   for (std::size_t code = counter.first.code(); code <= counter.last.code(); ++code) {
-    lines += counts_[code];
+    lines += Of(LineKind::FromCode(static_cast<std::uint8_t>(code)));
   }
   return lines;
 }
@@ -26,9 +26,8 @@ std::uint64_t LineCounts::Of(Counter counter) const {
 std::vector<LineCounts::Part> LineCounts::PartsOf(Counter counter) const {
   std::vector<Part> parts;
   for (std::size_t code = counter.first.code(); code <= counter.last.code(); ++code) {
-    if (counts_[code] == 0) continue;
     const LineKind kind = LineKind::FromCode(static_cast<std::uint8_t>(code));
-    parts.push_back({kind, counts_[code], SentenceOf(kind)});
+    if (Of(kind) != 0) parts.push_back({kind, Of(kind), SentenceOf(kind)});
   }
   std::stable_sort(parts.begin(), parts.end(),
                    [](const Part& a, const Part& b) { return a.lines > b.lines; });
@@ -39,9 +38,11 @@ std::string LineCounts::Sentence() const {
   host::Tally tally;
   for (const Counter counter : {Counter::Calls(), Counter::NoCalls(), Counter::Errors()}) {
     for (const Part& part : PartsOf(counter)) {
-      tally.CountLines(part.kind.verdict(), part.kind.type(), part.lines);
+      const std::uint64_t lines = counts_[part.kind.code()];
+      tally.CountLines(part.kind.verdict(), part.kind.type(), lines);
     }
   }
+  if (end_) tally.CountCall(end_->type());
   return tally.Headline();
 }
 

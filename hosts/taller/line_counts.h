@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,9 @@ class LineCounts {
  public:
   void Add(LineKind kind) { ++counts_[kind.code()]; }
   void Remove(LineKind kind) { --counts_[kind.code()]; }
+
+  // The call that no line of its own brought, which counts among the calls and not as a line.
+  void SetEnd(std::optional<LineKind> end) { end_ = end; }
 
   std::uint64_t Of(Counter counter) const;
 
@@ -32,7 +36,10 @@ class LineCounts {
   bool operator==(const LineCounts&) const = default;
 
  private:
-  std::array<std::uint64_t, 256> counts_{};
+  std::uint64_t Of(LineKind kind) const { return counts_[kind.code()] + (end_ == kind ? 1 : 0); }
+
+  std::array<std::uint64_t, 256> counts_{};  // of lines
+  std::optional<LineKind> end_;
 };
 
 }  // namespace conmuta::taller

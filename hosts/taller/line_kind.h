@@ -35,6 +35,9 @@ class LineKind {
   constexpr bool IsHead() const { return code_ == 1; }
   constexpr bool IsCall() const { return code_ >= kCalls && code_ < kNoCalls; }
   constexpr bool IsNoCall() const { return code_ >= kNoCalls && code_ < kErrors; }
+  constexpr bool IsOfBlock() const {
+    return *this == None(NoCall::kBlockBegins) || *this == None(NoCall::kPartOfBlock);
+  }
   constexpr bool IsError() const { return code_ >= kErrors; }
 
   // The other way; undefined for what is no call.

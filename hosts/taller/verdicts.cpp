@@ -25,6 +25,8 @@ void Verdicts::Judge(std::shared_ptr<const CaptureBytes> bytes, const layouts::L
     if (bytes != bytes_) {
       kinds_.clear();
       counts_ = {};
+      end_.reset();
+      end_line_ = 0;
     }
     bytes_ = std::move(bytes);
     run_ = std::move(run);
@@ -63,8 +65,7 @@ void Verdicts::Work() {
     works_ = false;
     const bool is_wanted = run == run_;
     if (is_wanted) {
-      Publish(run->first_line(), kinds);
-      bytes_done_ = run->bytes_done();
+      Publish(*run, kinds);
       goes_on_ = goes_on_ || !run->IsDone();
     }
     if (!goes_on_) done_.notify_all();
@@ -75,9 +76,9 @@ void Verdicts::Work() {
   }
 }
 
-void Verdicts::Publish(std::uint64_t first, const std::vector<LineKind>& kinds) {
+void Verdicts::Publish(const JudgingRun& run, const std::vector<LineKind>& kinds) {
   for (std::size_t i = 0; i < kinds.size(); ++i) {
-    const auto at = static_cast<std::size_t>(first - 1 + i);
+    const auto at = static_cast<std::size_t>(run.first_line() - 1 + i);
     if (at == kinds_.size()) {
       kinds_.push_back(kinds[i]);
     } else {
@@ -86,6 +87,15 @@ void Verdicts::Publish(std::uint64_t first, const std::vector<LineKind>& kinds) 
     }
     counts_.Add(kinds[i]);
   }
+  bytes_done_ = run.bytes_done();
+  if (!run.IsDone()) return;
+  end_ = run.end();
+  counts_.SetEnd(end_);
+  end_line_ = 0;
+  if (!end_) return;
+  const auto last =
+      std::find_if(kinds_.rbegin(), kinds_.rend(), [](LineKind kind) { return kind.IsOfBlock(); });
+  end_line_ = static_cast<std::uint64_t>(kinds_.rend() - last);
 }
 
 bool Verdicts::Wait(std::chrono::milliseconds most) {
@@ -113,7 +123,7 @@ std::vector<std::uint64_t> Verdicts::LinesOf(Counter counter, std::uint64_t behi
   const std::scoped_lock lock(mutex_);
   std::vector<std::uint64_t> lines;
   for (auto at = static_cast<std::size_t>(behind); at < kinds_.size(); ++at) {
-    if (counter.Counts(kinds_[at])) lines.push_back(at + 1);
+    if (Counts(counter, at)) lines.push_back(at + 1);
   }
   return lines;
 }
@@ -121,7 +131,7 @@ std::vector<std::uint64_t> Verdicts::LinesOf(Counter counter, std::uint64_t behi
 std::optional<std::uint64_t> Verdicts::Next(Counter counter, std::uint64_t line) const {
   const std::scoped_lock lock(mutex_);
   for (auto at = static_cast<std::size_t>(line); at < kinds_.size(); ++at) {
-    if (counter.Counts(kinds_[at])) return at + 1;
+    if (Counts(counter, at)) return at + 1;
   }
   return std::nullopt;
 }
@@ -130,7 +140,7 @@ std::optional<std::uint64_t> Verdicts::Previous(Counter counter, std::uint64_t l
   const std::scoped_lock lock(mutex_);
   for (auto at = std::min<std::size_t>(kinds_.size() + 1, static_cast<std::size_t>(line)); at > 1;
        --at) {
-    if (counter.Counts(kinds_[at - 2])) return at - 1;
+    if (Counts(counter, at - 2)) return at - 1;
   }
   return std::nullopt;
 }

@@ -50,7 +50,8 @@ class Verdicts {
   LineKind Of(std::uint64_t line) const;  // from 1
   LineCounts counts() const;
 
-  // The lines of a counter in their order; those behind a line only.
+  // The lines of a counter in their order; those behind a line only. A call that only the end of
+  // the capture brings out is found at the last line of its block.
   std::vector<std::uint64_t> LinesOf(Counter counter, std::uint64_t behind = 0) const;
   // The nearest one behind or before a line that is not counted itself.
   std::optional<std::uint64_t> Next(Counter counter, std::uint64_t line) const;
@@ -58,7 +59,10 @@ class Verdicts {
 
  private:
   void Work();
-  void Publish(std::uint64_t first, const std::vector<LineKind>& kinds);
+  void Publish(const JudgingRun& run, const std::vector<LineKind>& kinds);
+  bool Counts(Counter counter, std::size_t at) const {
+    return counter.Counts(kinds_[at]) || (at + 1 == end_line_ && counter.Counts(*end_));
+  }
 
   const Clock& clock_;
   const std::function<void()> told_;
@@ -74,6 +78,8 @@ class Verdicts {
   std::uint64_t bytes_done_ = 0;
   std::vector<LineKind> kinds_;
   LineCounts counts_;
+  std::optional<LineKind> end_;  // the call that only the end brings out
+  std::uint64_t end_line_ = 0;   // where it is found; 0 for nowhere
 
   std::thread thread_;  // last: it uses all of the above
 };

@@ -26,6 +26,14 @@ std::optional<NoCall> WhyUseless(clsCfgConmut& config) {
   return is_useless ? std::optional(reason) : std::nullopt;
 }
 
+Verdict JudgeEnd(clsTradEST& translator) {
+  const clsCfgConmut* config = translator.Conmutador();
+  if (config == nullptr || config->Caso() != emCasoNortelNorstar0x32SMDR6) {
+    return {LineError::kNone, NoCall::kEmptyLine, false};
+  }
+  return translator.Judge(kBlockEnd);
+}
+
 Translators::Desk::Desk(clsCfgConmut* its_config, const Clock& clock)
     : config(its_config), translator(clock) {
   translator.Conmutador(config);
@@ -49,13 +57,6 @@ Outcome Translators::Translate(TextView line) {
     if (IsUsed(made.verdict)) return made;
   }
   return first;
-}
-
-Outcome Translators::CloseBlock(std::size_t layout) {
-  if (desks_[layout]->config->Caso() != emCasoNortelNorstar0x32SMDR6) {
-    return {{LineError::kNone, NoCall::kEmptyLine, false}, layout, nullptr};
-  }
-  return Judge(kBlockEnd, layout);
 }
 
 std::size_t Translators::CallsWaiting() const {

@@ -22,6 +22,10 @@ struct Outcome {
 // Why no line at all can be translated with a configuration; nothing when lines can.
 std::optional<NoCall> WhyUseless(clsCfgConmut& config);
 
+// After the last line: judges what only another line would have brought out. The call, if there is
+// one, is then the translator's record; kEmptyLine where nothing can be waited for.
+Verdict JudgeEnd(clsTradEST& translator);
+
 // One for each configuration, of which there is at least one. A line is the first one's that makes
 // a call of it.
 class Translators {
@@ -35,8 +39,8 @@ class Translators {
   template <class Made>
   void Finish(Made made) {
     for (std::size_t i = 0; i < desks_.size(); ++i) {
-      const Outcome last = CloseBlock(i);
-      if (last.verdict.IsCall()) made(last);
+      const Verdict last = JudgeEnd(desks_[i]->translator);
+      if (last.IsCall()) made(Outcome{last, i, &desks_[i]->translator.InfoLlamada()});
     }
   }
 
@@ -55,7 +59,6 @@ class Translators {
   };
 
   Outcome Judge(TextView line, std::size_t layout);
-  Outcome CloseBlock(std::size_t layout);
 
   std::vector<std::unique_ptr<Desk>> desks_;
 };

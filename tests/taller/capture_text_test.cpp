@@ -130,6 +130,13 @@ TEST(CaptureText, AHundredMegabytesAreCountedInTwoSeconds) {
   RecordProperty("seconds", std::to_string(seconds));
 }
 
+TEST(CaptureText, WhatAnEditorWritesInFrontOfTheFirstLineIsNoneOfIt) {
+  CaptureText text(Live("\xEF\xBB\xBF# fecha: 2019-01-16\r\nuno\n"));
+  SeeAll(text);
+  EXPECT_EQ(text.head_lines(), 1u);
+  EXPECT_EQ(AllLines(text), (Strings{"# fecha: 2019-01-16\r", "uno"}));
+}
+
 TEST(CaptureFile, IsReadWithoutBeingLoaded) {
   const test::TemporaryFolder folder;
   Write(folder.path() / "c.txt", "uno\ndos\n");

@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <thread>
 
+#include "conmuta/utf8.h"
 #include "layouts/read_layout.h"
 #include "platform/platform.h"
 #include "support/fake_clock.h"
+#include "support/program_run.h"
+#include "support/random.h"
 #include "support/source_files.h"
 
 namespace conmuta::taller {
@@ -171,24 +175,87 @@ TEST(Verdicts, EndWhileTheyAreAtWork) {
   }
 }
 
-TEST(Verdicts, EveryCaptureOfTheCatalogueGivesWhatOneTranslatorMakesOfIt) {
+const std::string kBlock =
+    "-------- 04/11/97 09:41:11 LINE = 0003 STN = 7344\r\n"
+    "00:00:00   OUTGOING CALL\r\n"
+    "           DIGITS DIALED    5551212\r\n";
+const std::string kBlockEnd = "00:12:59   CALL RELEASED\r\n";
+
+layouts::Layout Norstar() {
+  return layouts::ReadLayout(test::ReadWhole(kFolder / ".." / "nortel-norstar" / "layout.toml"))
+      .layout.value();
+}
+
+TEST_F(VerdictsTest, ACallThatOnlyTheEndBringsIsCountedAndFoundAtItsBlock) {
+  Judge(Bytes(kBlock + kBlockEnd + kBlock + "\r\n"), Norstar());
+  EXPECT_EQ(Counted(), "8 líneas: 2 llamadas (2 salientes), 7 sin llamada, 0 errores");
+  EXPECT_EQ(verdicts_.counts().Of(Counter::Calls()), 2u);
+  EXPECT_EQ(verdicts_.counts().PartsOf(Counter::Calls())[0].lines, 2u);
+  EXPECT_EQ(verdicts_.LinesOf(Counter::Calls()), (Numbers{4, 7})) << "the last one is blank";
+  EXPECT_EQ(verdicts_.Next(Counter::Calls(), 4), 7u);
+  EXPECT_EQ(verdicts_.Previous(Counter::Calls(), 99), 7u);
+  EXPECT_TRUE(verdicts_.Of(7).IsNoCall());
+}
+
+TEST_F(VerdictsTest, ABlockThatGoesOnAfterItWasTheLastIsJudgedAnew) {
+  const auto bytes = Bytes(kBlock);
+  Judge(bytes, Norstar());
+  EXPECT_EQ(Counted(), "3 líneas: 1 llamada (1 saliente), 3 sin llamada, 0 errores");
+  bytes->Append(kBlockEnd);
+  verdicts_.More();
+  ASSERT_TRUE(verdicts_.Wait(kLong));
+  EXPECT_EQ(Counted(), "4 líneas: 1 llamada (1 saliente), 3 sin llamada, 0 errores");
+  EXPECT_EQ(verdicts_.LinesOf(Counter::Calls()), (Numbers{4}));
+}
+
+TEST_F(VerdictsTest, WhileABlockIsPrintedItIsNoCall) {
+  Judge(Bytes(kBlock, MemoryBytes::Kind::kLive), Norstar());
+  EXPECT_EQ(Counted(), "3 líneas: 0 llamadas, 3 sin llamada, 0 errores");
+}
+
+// What the command says of a capture, but the calls that wait.
+std::string SummaryOfCommand(const std::string& folder, const std::string& capture) {
+  std::string said = test::RunConmuta({"traduce", folder, "-", "--sin-alternativas"}, capture).err;
+  said.erase(std::min(said.find("\n  al terminar, "), said.size() - 1));
+  return said;
+}
+
+std::string SummaryOf(const LineCounts& counts) {
+  std::string said = counts.Sentence();
+  for (const Counter counter : {Counter::Errors(), Counter::NoCalls()}) {
+    for (const LineCounts::Part& part : counts.PartsOf(counter)) {
+      const std::string number = std::to_string(part.lines);
+      said += "\n" + std::string(8 - number.size(), ' ') + number + "  ";
+      said += host::Utf8(part.sentence);
+    }
+  }
+  return said;
+}
+
+// Captures as they come: whole, from an editor, and cut anywhere.
+TEST(Verdicts, CountWhatTheCommandCountsForEverySwitch) {
   test::FakeClock clock;
+  test::Random random(15);
+  int switches = 0;
   for (const auto& folder : test::Entries(kFolder.parent_path())) {
     const auto layout = layouts::ReadLayout(test::ReadWhole(folder / "layout.toml")).layout;
     if (!layout) continue;
-    SCOPED_TRACE(folder.filename().string());
-    const std::string capture = test::ReadWhole(folder / "capture.txt");
-    Verdicts verdicts(clock, [] {});
-    verdicts.Judge(Bytes(capture), *layout);
-    ASSERT_TRUE(verdicts.Wait(kLong));
-    const std::string expected = test::ReadWhole(folder / "expected.txt");
-    // Its rows: "    7 | Entrante | …", without type for a line that is no call.
-    std::uint64_t calls = 0;
-    for (const char* type : {"| Entrante", "| Saliente", "| Inter-extension", "| Inter-troncal"}) {
-      for (std::size_t at = 0; (at = expected.find(type, at)) != expected.npos; ++at) ++calls;
+    ++switches;
+    const std::string whole = test::ReadWhole(folder / "capture.txt");
+    std::vector<std::string> captures = {whole, "\xEF\xBB\xBF" + whole, whole + "\x1A"};
+    for (int i = 0; i < 4; ++i) {
+      const int size = random.Below(static_cast<int>(whole.size()));
+      captures.push_back(whole.substr(0, static_cast<std::size_t>(size)));
     }
-    EXPECT_EQ(verdicts.counts().Of(Counter::Calls()), calls);
+    Verdicts verdicts(clock, [] {});
+    for (const std::string& capture : captures) {
+      SCOPED_TRACE(folder.filename().string() + ", " + std::to_string(capture.size()));
+      verdicts.Judge(Bytes(capture), *layout);
+      ASSERT_TRUE(verdicts.Wait(kLong));
+      EXPECT_EQ(SummaryOf(verdicts.counts()), SummaryOfCommand(folder.string(), capture));
+    }
   }
+  EXPECT_GT(switches, 30);
 }
 
 }  // namespace
