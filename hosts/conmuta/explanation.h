@@ -46,6 +46,9 @@ class Explanation final : public LineObserver {
 // What an item holds, in a word: "mes", "troncal".
 TextView ShortName(emParamDato kind);
 
+// "18-22", or "18" for one column.
+std::string Places(int pos, int size);
+
 // For people; with colours where they are wanted.
 std::string ExplanationText(const Explanation& explanation, const clsLlamadaTRD& call,
                             bool colours);

@@ -123,11 +123,6 @@ std::string Aligned(std::string text, std::size_t width) {
   return text.append(width - std::min(width, Columns(text)), ' ');
 }
 
-std::string Places(int pos, int size) {
-  return size < 2 ? std::to_string(pos)
-                  : std::to_string(pos) + "-" + std::to_string(pos + size - 1);
-}
-
 void WriteRow(Page& page, std::string_view name, std::string_view value) {
   if (!value.empty()) page.Line("     " + Aligned(std::string(name), 14) + std::string(value));
 }
@@ -162,6 +157,11 @@ std::string Heading(const Verdict& verdict, const clsLlamadaTRD& call) {
 }
 
 }  // namespace
+
+std::string Places(int pos, int size) {
+  return size < 2 ? std::to_string(pos)
+                  : std::to_string(pos) + "-" + std::to_string(pos + size - 1);
+}
 
 std::string ExplanationText(const Explanation& explanation, const clsLlamadaTRD& call,
                             bool colours) {

@@ -4,8 +4,8 @@
 #include <functional>
 #include <numeric>
 #include <string_view>
-#include <utility>
 
+#include "conmuta/call_words.h"
 #include "conmuta/utf8.h"
 #include "platform/unicode.h"
 
@@ -16,13 +16,6 @@ struct Words {
   std::string_view one;
   std::string_view many;
 };
-
-constexpr std::array<std::pair<emTiposLlamadas, Words>, 4> kCallTypes = {{
-    {emLlamadaSaliente, {"saliente", "salientes"}},
-    {emLlamadaEntrante, {"entrante", "entrantes"}},
-    {emLlamadaInterExtension, {"interna", "internas"}},
-    {emLlamadaInterTroncal, {"entre troncales", "entre troncales"}},
-}};
 
 std::string Counted(std::uint64_t number, Words words) {
   return std::to_string(number).append(" ").append(number == 1 ? words.one : words.many);
@@ -82,9 +75,9 @@ std::uint64_t Tally::errors() const {
 
 std::string Tally::Headline() const {
   std::string types;
-  for (const auto& [type, words] : kCallTypes) {
+  for (const auto& [type, one, many] : kTypeWords) {
     const std::uint64_t count = by_type_[static_cast<std::size_t>(type)];
-    if (count != 0) AddPart(types, Counted(count, words));
+    if (count != 0) AddPart(types, Counted(count, {one, many}));
   }
   return Counted(lines_, {"línea", "líneas"}) + ": " + Counted(calls(), {"llamada", "llamadas"}) +
          InBrackets(types) + ", " + std::to_string(Sum(by_reason_)) + " sin llamada, " +

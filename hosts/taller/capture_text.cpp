@@ -57,20 +57,32 @@ void CaptureText::ReadBlock(const Mark& mark, std::uint64_t end) const {
   block_.bytes.resize(bytes_->Read(mark.offset, block_.bytes));
 }
 
-std::string CaptureText::Line(std::uint64_t number) const {
-  if (number == 0 || number > lines()) return {};
+std::optional<std::size_t> CaptureText::Find(std::uint64_t number) const {
+  if (number == 0 || number > lines()) return std::nullopt;
   const auto behind =
       std::upper_bound(marks_.begin(), marks_.end(), number,
                        [](std::uint64_t line, const Mark& mark) { return line < mark.line; });
   const Mark& mark = *(behind - 1);
   ReadBlock(mark, behind != marks_.end() ? behind->offset : seen_);
-  std::string_view rest = block_.bytes;
+  std::size_t begin = 0;
   for (std::uint64_t line = mark.line; line < number; ++line) {
-    const std::size_t end = rest.find('\n');
-    if (end == rest.npos) return {};
-    rest.remove_prefix(end + 1);
+    const std::size_t end = block_.bytes.find('\n', begin);
+    if (end == std::string::npos) return std::nullopt;
+    begin = end + 1;
   }
+  return begin;
+}
+
+std::string CaptureText::Line(std::uint64_t number) const {
+  const auto begin = Find(number);
+  if (!begin) return {};
+  const std::string_view rest = std::string_view(block_.bytes).substr(*begin);
   return std::string(rest.substr(0, std::min(rest.find('\n'), kMostOfLine)));
+}
+
+std::uint64_t CaptureText::Offset(std::uint64_t number) const {
+  const auto begin = Find(number);
+  return begin ? block_.offset + *begin : seen_;
 }
 
 }  // namespace conmuta::taller

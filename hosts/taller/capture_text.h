@@ -34,6 +34,9 @@ class CaptureText {
   // The bytes of a line, from 1, without its LF, as they came; empty for one that is not there.
   std::string Line(std::uint64_t number) const;
 
+  // Where a line begins in the bytes; what was seen of them for one that is not there.
+  std::uint64_t Offset(std::uint64_t number) const;
+
   // How many lines at the beginning are the head's.
   std::uint64_t head_lines() const { return head_lines_; }
   // The day on which the capture was taken, if its head says so.
@@ -53,6 +56,8 @@ class CaptureText {
   };
 
   void EndLine(std::uint64_t next_begin);
+  // Makes the present block one with the line; where in it that begins.
+  std::optional<std::size_t> Find(std::uint64_t number) const;
   void ReadBlock(const Mark& mark, std::uint64_t end) const;
 
   std::shared_ptr<const CaptureBytes> bytes_;

@@ -20,7 +20,7 @@ void JudgingRun::Restart() {
   lines_ = {};
   head_ = {};
   offset_ = 0;
-  line_ = 0;
+  line_ = last_rest_ = 0;
   end_.reset();
   is_closed_ = false;
 }
@@ -35,6 +35,9 @@ void JudgingRun::Take(std::string_view line) {
   host::Widen(line, text_);
   const Verdict verdict = translator_->Judge(text_);
   kinds_.push_back(LineKind::Of(verdict, translator_->InfoLlamada().TipoLlamada()));
+  if (line_ - last_rest_ >= kRestsApart && !translator_->Waits()) {
+    rests_.push_back(last_rest_ = line_);
+  }
 }
 
 const std::vector<LineKind>& JudgingRun::Chunk() {
@@ -42,6 +45,7 @@ const std::vector<LineKind>& JudgingRun::Chunk() {
   clock_->LookAgain();
   first_line_ = line_ + 1;
   kinds_.clear();
+  rests_.clear();
   const std::size_t count = bytes_->Read(offset_, room_);
   const auto take = [this](std::string_view line) { Take(line); };
   std::string_view bytes(room_.data(), count);

@@ -31,6 +31,11 @@ class JudgingRun {
   // The call that only the end of the capture brings out, if there is one; known once it is done.
   std::optional<LineKind> end() const { return end_; }
 
+  // Lines of the last chunk, some way apart, behind which nothing waits: what a fresh translator
+  // makes of the lines behind them is what this one makes of them.
+  static constexpr std::uint64_t kRestsApart = 256;
+  const std::vector<std::uint64_t>& rests() const { return rests_; }
+
   // Whether all that is there was judged.
   bool IsDone() const { return is_done_; }
   std::uint64_t bytes_done() const { return offset_; }
@@ -51,6 +56,8 @@ class JudgingRun {
   host::CaptureHead head_;
   std::vector<char> room_;
   std::vector<LineKind> kinds_;
+  std::vector<std::uint64_t> rests_;
+  std::uint64_t last_rest_ = 0;
   Text text_;
   std::uint64_t offset_ = 0;
   std::uint64_t line_ = 0;

@@ -114,10 +114,6 @@ Text WithoutAccents(TextView text) {
 
 }  // namespace
 
-TextView NameOf(const SlotKind& kind) {
-  return std::visit([](auto code) { return layouts::NameOf(code); }, kind);
-}
-
 std::vector<Offer> OffersFor(const Marked& marked, TextView line, const std::vector<Text>& samples,
                              const layouts::Layout& layout) {
   const ColumnLook look = LookAt(samples, marked.pos, marked.size);

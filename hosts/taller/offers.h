@@ -1,17 +1,13 @@
 // What marked columns can be, likeliest first.
 #pragma once
 
-#include <variant>
 #include <vector>
 
 #include "taller/document.h"
 #include "taller/selection.h"
+#include "taller/slot_kind.h"
 
 namespace conmuta::taller {
-
-using SlotKind = std::variant<emParamDato, emParamDatoConstante>;
-
-TextView NameOf(const SlotKind& kind);
 
 struct Offer {
   SlotKind kind;

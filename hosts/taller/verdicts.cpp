@@ -31,6 +31,7 @@ void Verdicts::Judge(std::shared_ptr<const CaptureBytes> bytes, const layouts::L
     bytes_ = std::move(bytes);
     run_ = std::move(run);
     bytes_done_ = 0;
+    rests_.clear();
     goes_on_ = true;
   }
   wake_.notify_one();
@@ -87,6 +88,8 @@ void Verdicts::Publish(const JudgingRun& run, const std::vector<LineKind>& kinds
     }
     counts_.Add(kinds[i]);
   }
+  rests_.erase(std::lower_bound(rests_.begin(), rests_.end(), run.first_line()), rests_.end());
+  rests_.insert(rests_.end(), run.rests().begin(), run.rests().end());
   bytes_done_ = run.bytes_done();
   if (!run.IsDone()) return;
   end_ = run.end();
@@ -117,6 +120,12 @@ LineKind Verdicts::Of(std::uint64_t line) const {
 LineCounts Verdicts::counts() const {
   const std::scoped_lock lock(mutex_);
   return counts_;
+}
+
+std::uint64_t Verdicts::RestBefore(std::uint64_t line) const {
+  const std::scoped_lock lock(mutex_);
+  const auto behind = std::lower_bound(rests_.begin(), rests_.end(), line);
+  return behind != rests_.begin() ? *(behind - 1) : 0;
 }
 
 std::vector<std::uint64_t> Verdicts::LinesOf(Counter counter, std::uint64_t behind) const {

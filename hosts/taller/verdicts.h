@@ -49,6 +49,9 @@ class Verdicts {
 
   LineKind Of(std::uint64_t line) const;  // from 1
   LineCounts counts() const;
+  // The last line known before this one behind which nothing waits; 0 for the beginning. Explainer
+  // begins there.
+  std::uint64_t RestBefore(std::uint64_t line) const;
 
   // The lines of a counter in their order; those behind a line only. A call that only the end of
   // the capture brings out is found at the last line of its block.
@@ -77,6 +80,7 @@ class Verdicts {
   bool ends_ = false;
   std::uint64_t bytes_done_ = 0;
   std::vector<LineKind> kinds_;
+  std::vector<std::uint64_t> rests_;
   LineCounts counts_;
   std::optional<LineKind> end_;  // the call that only the end brings out
   std::uint64_t end_line_ = 0;   // where it is found; 0 for nowhere

@@ -7,37 +7,27 @@
 #include <thread>
 
 #include "conmuta/utf8.h"
-#include "layouts/read_layout.h"
 #include "platform/platform.h"
 #include "support/fake_clock.h"
 #include "support/program_run.h"
 #include "support/random.h"
-#include "support/source_files.h"
+#include "taller/captures.h"
 
 namespace conmuta::taller {
 namespace {
 
 using Numbers = std::vector<std::uint64_t>;
 
-const std::filesystem::path kFolder =
-    std::filesystem::path(CONMUTA_SOURCES) / "switches" / "panasonic-kx";
-
 constexpr auto kLong = std::chrono::seconds(60);
 
-layouts::Layout Kx() {
-  return layouts::ReadLayout(test::ReadWhole(kFolder / "layout.toml")).layout.value();
-}
-
-const std::string kOut =
-    "01/14/19 09:07AM *1204 03 18005550123                    00:12'40 98765\r\n";
-const std::string kIn =
-    "01/14/19 09:15AM 1210  01 <I>5550177                0'12 00:00'20 431211     TR\r\n";
-const std::string kLog = "01/14/19 09:20AM 1200     LOG IN\r\n";
-
-std::shared_ptr<MemoryBytes> Bytes(std::string bytes,
-                                   MemoryBytes::Kind kind = MemoryBytes::Kind::kPasted) {
-  return std::make_shared<MemoryBytes>(kind, std::move(bytes));
-}
+using test::Bytes;
+using test::kBlock;
+using test::kBlockEnd;
+using test::kIn;
+using test::kLog;
+using test::kOut;
+using test::Kx;
+using test::Norstar;
 
 class VerdictsTest : public testing::Test {
  protected:
@@ -175,17 +165,6 @@ TEST(Verdicts, EndWhileTheyAreAtWork) {
   }
 }
 
-const std::string kBlock =
-    "-------- 04/11/97 09:41:11 LINE = 0003 STN = 7344\r\n"
-    "00:00:00   OUTGOING CALL\r\n"
-    "           DIGITS DIALED    5551212\r\n";
-const std::string kBlockEnd = "00:12:59   CALL RELEASED\r\n";
-
-layouts::Layout Norstar() {
-  return layouts::ReadLayout(test::ReadWhole(kFolder / ".." / "nortel-norstar" / "layout.toml"))
-      .layout.value();
-}
-
 TEST_F(VerdictsTest, ACallThatOnlyTheEndBringsIsCountedAndFoundAtItsBlock) {
   Judge(Bytes(kBlock + kBlockEnd + kBlock + "\r\n"), Norstar());
   EXPECT_EQ(Counted(), "8 líneas: 2 llamadas (2 salientes), 7 sin llamada, 0 errores");
@@ -237,7 +216,7 @@ TEST(Verdicts, CountWhatTheCommandCountsForEverySwitch) {
   test::FakeClock clock;
   test::Random random(15);
   int switches = 0;
-  for (const auto& folder : test::Entries(kFolder.parent_path())) {
+  for (const auto& folder : test::Entries(test::kSwitches)) {
     const auto layout = layouts::ReadLayout(test::ReadWhole(folder / "layout.toml")).layout;
     if (!layout) continue;
     ++switches;
