@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "conmuta/call_words.h"
 #include "conmuta/tally.h"
 #include "layouts/outcome_words.h"
+#include "platform/unicode.h"
 
 namespace conmuta::taller {
 namespace {
@@ -44,6 +46,28 @@ std::string LineCounts::Sentence() const {
   }
   if (end_) tally.CountCall(end_->type());
   return tally.Headline();
+}
+
+// In the order in which the sentence has them; the first of all, the lines, leads nowhere.
+LineCounts::Line LineCounts::WithFigures() const {
+  std::vector<Counter> counters = {Counter::Calls()};
+  for (const host::TypeWords& words : host::kTypeWords) {
+    const LineKind kind = LineKind::Call(words.type);
+    if (Of(kind) != 0) counters.push_back(Counter::Of(kind));
+  }
+  counters.push_back(Counter::NoCalls());
+  counters.push_back(Counter::Errors());
+
+  Line line{FromUtf8(Sentence()), {}};
+  constexpr TextView kDigits = u"0123456789";
+  std::size_t end = line.sentence.find(u':');
+  for (const Counter counter : counters) {
+    const std::size_t begin = line.sentence.find_first_of(kDigits, end);
+    end = std::min(line.sentence.find_first_of(u"(),", begin), line.sentence.size());
+    const std::size_t last = line.sentence.find_last_not_of(u' ', end - 1);
+    line.figures.push_back({begin, last + 1, counter});
+  }
+  return line;
 }
 
 }  // namespace conmuta::taller

@@ -33,6 +33,20 @@ class LineCounts {
   // "53 líneas: 29 llamadas (15 salientes…), 24 sin llamada, 0 errores". The head is none of them.
   std::string Sentence() const;
 
+  // The same with its figures, each of which leads to its lines.
+  struct Figure {
+    std::size_t begin;  // characters of the sentence, with the word behind the number
+    std::size_t end;
+    Counter counter;
+
+    bool operator==(const Figure&) const = default;
+  };
+  struct Line {
+    Text sentence;
+    std::vector<Figure> figures;
+  };
+  Line WithFigures() const;
+
   bool operator==(const LineCounts&) const = default;
 
  private:
