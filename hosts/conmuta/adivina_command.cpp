@@ -14,16 +14,15 @@
 namespace conmuta::host {
 namespace {
 
-constexpr std::size_t kMostLines = 2000;  // enough to tell, and read in no time
 constexpr double kAlike = 1e-9;
 
 std::vector<Text> FirstLines(std::istream& bytes) {
   std::vector<Text> texts;
   LineSource lines(bytes);
   const auto take = [&](std::uint64_t, std::string_view line) {
-    if (texts.size() < kMostLines) Widen(line, texts.emplace_back());
+    if (texts.size() < kEnoughLines) Widen(line, texts.emplace_back());
   };
-  while (lines.Next(take) && texts.size() < kMostLines) {
+  while (lines.Next(take) && texts.size() < kEnoughLines) {
   }
   return texts;
 }

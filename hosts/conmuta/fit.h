@@ -44,6 +44,9 @@ class Fit {
   bool block_is_plausible_ = true;
 };
 
+// Of a capture, lines that are enough to tell, and read in no time.
+inline constexpr std::size_t kEnoughLines = 2000;
+
 // Every layout of the catalogue, best first, over a capture's lines.
 std::vector<Fit> RankCatalogue(const std::vector<Text>& lines);
 
