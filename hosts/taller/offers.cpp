@@ -5,6 +5,7 @@
 #include "layouts/groups.h"
 #include "layouts/names.h"
 #include "taller/column_look.h"
+#include "taller/slot_changes.h"
 
 namespace conmuta::taller {
 namespace {
@@ -154,20 +155,8 @@ Messages Choose(Document& document, const SlotKind& kind, const Marked& marked, 
     return document.Apply(
         layouts::SetItem{{*item, emValorNumerico, pos, static_cast<std::uint8_t>(marked.size)}});
   }
-  const TextView text = MarkedText(marked, line);
-  CTE constant;
-  if (text.size() > decltype(constant.Constante)::kSize) {
-    return {{Text(NameOf(kind)),
-             {},
-             u"el texto tiene " + ToText(static_cast<int>(text.size())) + u" caracteres (hasta " +
-                 ToText(static_cast<int>(decltype(constant.Constante)::kSize)) + u")"}};
-  }
-  constant.Param = std::get<emParamDatoConstante>(kind);
-  constant.TipoDato = emValorConstante;
-  constant.Pos = pos;
-  constant.Constante.Assign(text);
-  constant.Tam = static_cast<std::uint8_t>(constant.Constante.Length());
-  return document.Apply(layouts::SetConstant{constant});
+  return ChangeConstant(document, std::get<emParamDatoConstante>(kind), pos,
+                        MarkedText(marked, line));
 }
 
 }  // namespace conmuta::taller
