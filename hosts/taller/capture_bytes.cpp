@@ -48,12 +48,8 @@ std::uint64_t FileBytes::size() const {
 std::size_t FileBytes::Read(std::uint64_t offset, std::span<char> room) const {
   const std::scoped_lock lock(mutex_);
   if (offset >= size_) return 0;
-  const auto most = static_cast<std::size_t>(std::min<std::uint64_t>(room.size(), size_ - offset));
-  std::size_t count = 0;
-  for (std::size_t more = 1; more != 0 && count < most; count += more) {
-    more = file_.Read(static_cast<std::int64_t>(offset + count), room.data() + count, most - count);
-  }
-  return count;
+  const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(room.size(), size_ - offset));
+  return file_.Read(static_cast<std::int64_t>(offset), room.data(), count);
 }
 
 FileBytes::Ends FileBytes::ReadEnds() const {

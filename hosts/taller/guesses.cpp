@@ -9,9 +9,6 @@
 namespace conmuta::taller {
 namespace {
 
-// Between two looks at whether anybody still wants to know.
-constexpr std::size_t kLinesAtOnce = 200;
-
 Guess GuessOf(const host::Fit& fit) {
   const ConfigHeader& header = fit.layout().layout.header;
   return {fit.layout().name, header.Marca.Read() + u", " + header.Modelo.Read(),
@@ -75,19 +72,11 @@ void Guesses::Work() {
   }
 }
 
-bool Guesses::IsWanted(std::size_t ranking) const {
-  const std::scoped_lock lock(mutex_);
-  return ranking == ranking_;
-}
-
 void Guesses::TryAll(std::size_t ranking, const CaptureBytes& bytes) {
   const std::vector<Text> lines = FirstLines(bytes, host::kEnoughLines);
   for (const host::NamedLayout& layout : host::Catalogue()) {
     host::Fit fit(layout);
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-      if (i % kLinesAtOnce == 0 && !IsWanted(ranking)) return;
-      fit.Take(lines[i]);
-    }
+    for (const Text& line : lines) fit.Take(line);
     {
       const std::scoped_lock lock(mutex_);
       if (ranking != ranking_) return;

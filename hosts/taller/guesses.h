@@ -27,7 +27,7 @@ struct Guess {
   Text Sentence() const;
 };
 
-// No call waits, but the destructor for the few lines that are being translated.
+// No call waits, but the destructor for the layout that is being tried: milliseconds.
 class Guesses {
  public:
   // `told` is called by the thread that works whenever there is something new; it must not ask for
@@ -53,7 +53,6 @@ class Guesses {
 
  private:
   void Work();
-  bool IsWanted(std::size_t ranking) const;
   void TryAll(std::size_t ranking, const CaptureBytes& bytes);
 
   const std::function<void()> told_;

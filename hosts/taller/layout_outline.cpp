@@ -111,7 +111,7 @@ Messages LayoutOutline::Type(const SlotKind& kind, Field field, TextView typed) 
   }
   if (!HasDrafts()) drafts_.clear();
   drafts_.erase(kind);
-  const Messages messages = Apply(kind, fields);
+  Messages messages = Apply(kind, fields);
   if (!messages.empty()) {
     fields.doubt = messages[0].text;
     drafts_[kind] = std::move(fields);

@@ -144,7 +144,7 @@ TEST(Result, ABlockWithoutItsEndShowsTheCallThatComesOfIt) {
   const Result bringer = Explain(test::kBlock + next, 4, test::Norstar());
   EXPECT_TRUE(bringer.has_call);
   EXPECT_EQ(Field(bringer, u"Emisor").text, u"7344");
-  EXPECT_EQ(Field(bringer, u"Emisor").parts[0].line, 1u);
+  EXPECT_EQ(Field(bringer, u"Emisor").parts, (Parts{{1, 46, 7}}));
   // The end of the capture brings it out, that of a line that is printed does not.
   EXPECT_TRUE(Explain(test::kBlock, 2, test::Norstar()).has_call);
   const Result live = Explain(test::kBlock, 2, test::Norstar(), MemoryBytes::Kind::kLive);

@@ -12,6 +12,7 @@
 #include "support/program_run.h"
 #include "support/random.h"
 #include "taller/captures.h"
+#include "taller/judging_run.h"
 
 namespace conmuta::taller {
 namespace {
@@ -190,6 +191,15 @@ TEST_F(VerdictsTest, ABlockThatGoesOnAfterItWasTheLastIsJudgedAnew) {
 TEST_F(VerdictsTest, WhileABlockIsPrintedItIsNoCall) {
   Judge(Bytes(kBlock, MemoryBytes::Kind::kLive), Norstar());
   EXPECT_EQ(Counted(), "3 líneas: 0 llamadas, 3 sin llamada, 0 errores");
+}
+
+TEST_F(VerdictsTest, NothingRestsInTheMiddleOfABlock) {
+  std::string block = kBlock;
+  for (int i = 0; i < 900; ++i) block += "           BC = SPEECH\r\n";
+  Judge(Bytes(block + kBlockEnd + Many(400)), Norstar());
+  EXPECT_EQ(verdicts_.RestBefore(903), 0u);
+  EXPECT_EQ(verdicts_.RestBefore(905), 904u);
+  EXPECT_EQ(verdicts_.RestBefore(904 + 400), 904 + JudgingRun::kRestsApart);
 }
 
 // What the command says of a capture, but the calls that wait.
