@@ -160,6 +160,8 @@ TEST(CaptureFile, WhatWasAppendedComesWithTheNextLook) {
   SeeAll(text);
   EXPECT_EQ(bytes->Look(), FileBytes::Change::kNone);
   Write(path, "dos\n", std::ios::app);
+  char room[99];
+  EXPECT_EQ(bytes->Read(1, room), 3u);
   EXPECT_EQ(bytes->Look(), FileBytes::Change::kGrown);
   SeeAll(text);
   EXPECT_EQ(AllLines(text), (Strings{"uno", "dos"}));

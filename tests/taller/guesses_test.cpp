@@ -53,6 +53,9 @@ TEST(Guesses, RankTheCatalogueAsTheCommandDoes) {
   EXPECT_GT(ranked[0].calls, 20u);
   EXPECT_EQ(guesses.progress().tried, guesses.progress().of);
   while (told == 0) std::this_thread::yield();
+  guesses.Rank(Bytes(""));
+  WaitFor(guesses);
+  EXPECT_TRUE(guesses.guesses().empty()) << "those of another capture are none of this one";
 }
 
 TEST(Guesses, AreSaidInASentence) {

@@ -120,6 +120,17 @@ TEST(LayoutOutline, WhatIsTypedGoesIntoTheDocumentAsSoonAsItSaysSomething) {
   EXPECT_EQ(document.toml(), before) << "typing into one row is one step";
 }
 
+TEST(LayoutOutline, ATypeWithoutAWordStaysWhatItIs) {
+  Document document;
+  layouts::SetItem change = test::Item(emParamFechaMes, 4, 2);
+  change.item.TipoDato = static_cast<emTipoDato>(7);
+  ASSERT_EQ(document.Apply(change), Messages());
+  LayoutOutline outline(document);
+  EXPECT_EQ(Row(outline, emParamFechaMes).type, u"7");
+  EXPECT_EQ(outline.Type(emParamFechaMes, Typed::kPos, u"5"), Messages());
+  EXPECT_EQ(document.layout().items[0].TipoDato, 7);
+}
+
 TEST(LayoutOutline, AWrongNumberStaysBesideItsFieldAndTheLayoutAsItWas) {
   Document document;
   ASSERT_EQ(document.Apply(test::Item(emParamFechaMes, 4, 2)), Messages());

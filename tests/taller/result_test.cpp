@@ -59,6 +59,15 @@ TEST(Result, ACallIsToldByItsFieldsWithTheirColumns) {
   EXPECT_EQ(Field(result, u"Cuenta").text, u"431211");
 }
 
+TEST(Result, PartiesOfTheSameNumberHaveTheirOwnColumns) {
+  std::string line = test::kIn;
+  line.replace(17, 5, "01   ");
+  const Result result = Explain(line, 1);
+  EXPECT_EQ(Field(result, u"Receptor").text, u"01");
+  EXPECT_EQ(Field(result, u"Emisor").parts, (Parts{{1, 24, 2}}));
+  EXPECT_EQ(Field(result, u"Receptor").parts, (Parts{{1, 18, 5}}));
+}
+
 TEST(Result, IdentifiersAreToldAsWantedAndFound) {
   const Result in = Explain(test::kIn, 1);
   EXPECT_EQ(Constant(in, emDatoCteIdentEntrante).sentence, u"Entrante \"<I>\" en 27 ✓");
@@ -145,6 +154,11 @@ TEST(Result, ABlockWithoutItsEndShowsTheCallThatComesOfIt) {
   EXPECT_TRUE(bringer.has_call);
   EXPECT_EQ(Field(bringer, u"Emisor").text, u"7344");
   EXPECT_EQ(Field(bringer, u"Emisor").parts, (Parts{{1, 46, 7}}));
+  // That other one is whole.
+  const Result other =
+      Explain(test::kBlock + next + test::kBlock.substr(51) + test::kBlockEnd, 5, test::Norstar());
+  EXPECT_TRUE(other.has_call);
+  EXPECT_EQ(Field(other, u"Emisor").text, u"7000");
   // The end of the capture brings it out, that of a line that is printed does not.
   EXPECT_TRUE(Explain(test::kBlock, 2, test::Norstar()).has_call);
   const Result live = Explain(test::kBlock, 2, test::Norstar(), MemoryBytes::Kind::kLive);
