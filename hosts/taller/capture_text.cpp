@@ -36,7 +36,8 @@ void CaptureText::EndLine(std::uint64_t next_begin) {
   const std::uint64_t begin = last_begin_;
   last_begin_ = next_begin;
   if (in_head_) {
-    std::string line(std::min<std::uint64_t>(next_begin - 1 - begin, kMostOfLine), '\0');
+    const std::uint64_t length = std::min<std::uint64_t>(next_begin - 1 - begin, kMostOfLine);
+    std::string line(static_cast<std::size_t>(length), '\0');
     line.resize(bytes_->Read(begin, line));
     if (line.ends_with('\r')) line.pop_back();
     in_head_ = head_.Take(line);
