@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "layouts/capture_head.h"
+
 namespace conmuta::taller {
 namespace {
 

@@ -64,7 +64,7 @@ class Trace {
   // There are no more lines, or none are to be looked at; whether the block that is open can end.
   void TakeEnd(bool ends) {
     if (result_ || !wanted_line_) return;
-    const bool is_call = ends && host::JudgeEnd(translator_).IsCall();
+    const bool is_call = ends && translation::JudgeEnd(translator_).IsCall();
     Tell(is_call, block_, ends);
   }
 

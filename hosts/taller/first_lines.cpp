@@ -2,6 +2,7 @@
 
 #include "conmuta/capture_head.h"
 #include "conmuta/utf8.h"
+#include "layouts/capture_head.h"
 #include "layouts/host_line.h"
 
 namespace conmuta::taller {
@@ -18,7 +19,7 @@ std::vector<Text> FirstLines(const CaptureBytes& bytes, std::size_t most) {
   while (texts.size() < most) {
     const std::size_t count = bytes.Read(offset, room);
     std::string_view piece = std::string_view(room).substr(0, count);
-    if (offset == 0) piece.remove_prefix(host::MarkSize(piece));
+    if (offset == 0) piece.remove_prefix(layouts::SizeOfMark(piece));
     lines.Take(piece, take);
     offset += count;
     if (count == room.size()) continue;

@@ -3,6 +3,7 @@
 #include "conmuta/layout_choice.h"
 #include "conmuta/translators.h"
 #include "conmuta/utf8.h"
+#include "layouts/capture_head.h"
 
 namespace conmuta::taller {
 
