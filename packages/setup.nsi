@@ -15,6 +15,7 @@ SetDateSave off ; the same bytes from each build of the same sources
 
 !define ENTRY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Conmuta"
 !define UNINSTALLER "desinstalar.exe"
+!define MENU "$SMPROGRAMS\Conmuta"
 
 !define MULTIUSER_EXECUTIONLEVEL Highest
 !define MULTIUSER_MUI
@@ -76,6 +77,8 @@ VIProductVersion "${VERSION}.0"
 !insertmacro Text CannotRegister \
   "Windows no pudo registrar el componente, o dejar de registrarlo (código $0):$\r$\n$R1" \
   "Windows could not register the component, or undo that (code $0):$\r$\n$R1"
+!insertmacro Text Workshop "Taller de conmutadores" "Switch workshop"
+!insertmacro Text Manual "Manual de Conmuta" "Conmuta manual (Spanish)"
 !insertmacro Text OldWindows \
   "Conmuta necesita Windows 7 o posterior." \
   "Conmuta needs Windows 7 or later."
@@ -159,6 +162,7 @@ FunctionEnd
 ; Leaves what the user put into our folders.
 Function ${UN}RemoveAll
   SetOutPath $TEMP ; a folder that a program stands in stays
+  RMDir /r "${MENU}"
   !insertmacro RemoveFiles
   DeleteRegKey SHCTX "${ENTRY}"
   Delete "$INSTDIR\${UNINSTALLER}"
@@ -251,6 +255,15 @@ Section
     !insertmacro Refuse ${FAILED_RIGHTS} CannotWrite
     Abort
   ${EndIf}
+
+  CreateDirectory "${MENU}"
+  StrCpy $0 "$INSTDIR\win32"
+  ${If} ${RunningX64}
+    StrCpy $0 "$INSTDIR\win64"
+  ${EndIf}
+  SetOutPath "$INSTDIR"
+  CreateShortcut "${MENU}\$(Workshop).lnk" "$0\taller.exe"
+  CreateShortcut "${MENU}\$(Manual).lnk" "$INSTDIR\manual\conmuta.html"
 
   StrCpy $R2 ""
   Call Register
