@@ -53,6 +53,11 @@ bool Backlog::MustWait() const {
   return bytes_ >= limits_.memory;
 }
 
+bool Backlog::IsEmpty() const {
+  const std::lock_guard lock(mutex_);
+  return HasNothing();
+}
+
 std::size_t Backlog::waiting() const {
   const std::lock_guard lock(mutex_);
   return memory_.size();
@@ -90,11 +95,8 @@ void Backlog::Count(std::size_t source, Incident incident, std::int64_t count) {
 
 bool Backlog::Wait(std::chrono::milliseconds delay, std::size_t enough) {
   std::unique_lock lock(mutex_);
-  const auto any = [&] {
-    return !memory_.empty() || !incidents_.empty() || !batch_.Empty() || SpillHoldsLines();
-  };
-  changed_.wait_for(lock, delay, [&] { return hurry_ || any(); });
-  if (!any()) return false;
+  changed_.wait_for(lock, delay, [&] { return hurry_ || !HasNothing(); });
+  if (HasNothing()) return false;
   changed_.wait_for(lock, delay, [&] { return hurry_ || memory_.size() >= enough; });
   return true;
 }

@@ -65,6 +65,8 @@ class Backlog {
 
   // Puts all lines on the disk. False when that fails.
   bool SpillAll();
+  // Whether nothing waits for the store.
+  bool IsEmpty() const;
   // In memory.
   std::size_t waiting() const;
   // On the disk.
@@ -79,6 +81,9 @@ class Backlog {
   bool UseSpill(Work work);
   void OpenSpill();
   void SpillFailed(const StoreError& error);
+  bool HasNothing() const {
+    return memory_.empty() && incidents_.empty() && batch_.Empty() && !SpillHoldsLines();
+  }
   bool SpillHoldsLines() const { return spill_ ? spill_->count() > 0 : spill_held_lines_; }
   // Adds to the numbers of what is in memory, and of what will come.
   void Shift(std::size_t source, std::int64_t shift);

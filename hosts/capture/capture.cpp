@@ -12,6 +12,7 @@ namespace {
 
 // How often it is asked whether the store answers.
 constexpr std::chrono::milliseconds kWatch{500};
+constexpr std::chrono::milliseconds kWaitStep{20};
 // How long sources may take to end.
 constexpr std::chrono::milliseconds kLastBytes{3000};
 
@@ -99,7 +100,16 @@ class Run {
 
   void Ended(std::size_t i) {
     ended_.insert(i);
-    if (ended_.size() == sources_.size()) loop_.Stop();
+    if (ended_.size() < sources_.size()) return;
+    ending_ ? loop_.Stop() : AwaitTheStore();
+  }
+
+  // Who waits for the end of a file wants it in the store, however long that is.
+  void AwaitTheStore() {
+    if (backlog_->IsEmpty() || writer_->IsHeldUp()) return loop_.Stop();
+    loop_.After(kWaitStep, [this] {
+      if (!ending_) AwaitTheStore();
+    });
   }
 
   void End() {

@@ -37,11 +37,6 @@ bool ReadPlace(const std::string& place, std::int64_t& offset, std::int64_t& siz
   return read(offset) && read(size) && read(hash) && size >= 0 && size <= kHead;
 }
 
-bool IsHeadLine(std::string_view line, std::int64_t offset) {
-  if (offset == 0) line.remove_prefix(layouts::SizeOfMark(line));
-  return layouts::IsOfHead(line);
-}
-
 }  // namespace
 
 GrowingFile::GrowingFile(std::filesystem::path path, const std::string& place, char line_end,
@@ -101,12 +96,17 @@ bool GrowingFile::ReadNext(const Line& line) {
   offset_ += static_cast<std::int64_t>(count);
   LearnHead();
   cutter_.Take({room.data(), count}, [&](std::string text, Wholeness wholeness, std::size_t used) {
-    in_head_ = in_head_ && IsHeadLine(text, line_begin_);
+    DropMark(text);
+    in_head_ = in_head_ && layouts::IsOfHead(text);
     if (in_head_) wholeness = Wholeness::kHead;
     line_begin_ = begin + static_cast<std::int64_t>(used);
     line(std::move(text), wholeness, Place(line_begin_));
   });
   return true;
+}
+
+void GrowingFile::DropMark(std::string& line) const {
+  if (line_begin_ == 0) line.erase(0, layouts::SizeOfMark(line));
 }
 
 void GrowingFile::LearnHead() {
@@ -119,17 +119,18 @@ bool GrowingFile::IsStillInHead() const {
   if (offset_ > static_cast<std::int64_t>(kPiece)) return false;
   std::string room(static_cast<std::size_t>(offset_), '\0');
   std::string_view before(room.data(), file_.Read(0, room.data(), room.size()));
-  std::int64_t begin = 0;
+  before.remove_prefix(layouts::SizeOfMark(before));
   while (!before.empty()) {
-    if (!IsHeadLine(before, begin)) return false;
+    if (!layouts::IsOfHead(before)) return false;
     before.remove_prefix(std::min(before.find(line_end_), before.size() - 1) + 1);
-    begin = 1;
   }
   return true;
 }
 
 void GrowingFile::TakeRest(const Line& line) {
-  if (std::string rest = cutter_.TakeRest(); !rest.empty()) {
+  std::string rest = cutter_.TakeRest();
+  DropMark(rest);
+  if (!rest.empty()) {
     line(std::move(rest), Wholeness::kWhole, Place(offset_));
   }
 }

@@ -35,6 +35,8 @@ class GrowingFile {
   bool IsAnother(const SharedFile& file) const;
   void Begin();
   std::string Place(std::int64_t offset);
+  // What a text editor writes in front of the first line is none of it.
+  void DropMark(std::string& line) const;
   void LearnHead();
   // Whether all before the place from which it goes on is head.
   bool IsStillInHead() const;

@@ -1,6 +1,5 @@
 #include "capture/line_translation.h"
 
-#include "layouts/capture_head.h"
 #include "layouts/host_line.h"
 
 namespace conmuta::capture {
@@ -8,8 +7,7 @@ namespace conmuta::capture {
 Conclusion LineTranslation::Translate(const Received& line) {
   day_.Set(line.time_ms);
   printed_.clear();
-  const std::string_view bytes = line.bytes;
-  for (const char c : bytes.substr(layouts::SizeOfMark(bytes))) {
+  for (const char c : line.bytes) {
     if (layouts::IsPrinted(c)) printed_ += c;
   }
   const translation::Outcome made =

@@ -38,14 +38,30 @@ bool Writer::Stop() {
   return all_kept_;
 }
 
+void Writer::SetBusy(bool busy) {
+  const std::lock_guard lock(mutex_);
+  busy_since_ = busy ? std::optional(Clock::now()) : std::nullopt;
+}
+
+std::optional<Writer::Clock::duration> Writer::SilentFor() {
+  const std::lock_guard lock(mutex_);
+  if (!busy_since_) return std::nullopt;
+  return Clock::now() - *busy_since_;
+}
+
 void Writer::Watch() {
-  const Clock::duration since = busy_since_;
-  if (since == Clock::duration::zero()) {
+  const auto silent = SilentFor();
+  if (!silent) {
     silence_.Over("el almacén responde otra vez");
-  } else if (Clock::now().time_since_epoch() - since >= limits_.spill_after) {
+  } else if (*silent >= limits_.spill_after) {
     silence_.Tell("el almacén no responde; lo que llega espera en el derrame");
     backlog_.SpillAll();
   }
+}
+
+bool Writer::IsHeldUp() {
+  const auto silent = SilentFor();
+  return failed_ || (silent && *silent >= limits_.spill_after);
 }
 
 void Writer::Work() {
@@ -67,6 +83,7 @@ void Writer::Write() {
       continue;
     }
     const bool written = WriteNext();
+    failed_ = !written;
     if (is_stuck_) return;  // somebody else saw to what waits
     if (written) {
       pause = limits_.first_pause;
@@ -84,7 +101,7 @@ void Writer::Write() {
 }
 
 bool Writer::WriteNext() try {
-  busy_since_ = Clock::now().time_since_epoch();
+  SetBusy(true);
   recorder_.Open(next_opening_);
   next_opening_ = Thoroughness::kQuick;
   const Backlog::Batch* batch = nullptr;
@@ -93,14 +110,14 @@ bool Writer::WriteNext() try {
     recorder_.Record(batch->lines, batch->incidents);
     backlog_.Done();
   }
-  busy_since_ = Clock::duration::zero();
+  SetBusy(false);
   complaint_.Over("el almacén vuelve a tomar líneas");
   return batch != nullptr;
 } catch (const StoreError& error) {
   complaint_.Tell(std::string("el almacén no toma líneas: ") + error.what());
   // Whether a commit that failed was one only the store can tell.
   recorder_.Close();
-  busy_since_ = Clock::duration::zero();
+  SetBusy(false);
   if (error.kind() == StoreError::Kind::kDamaged) next_opening_ = Thoroughness::kChecked;
   if (error.kind() == StoreError::Kind::kRefused) events_.refused();
   return false;

@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -46,6 +47,8 @@ class Writer {
   // Writes what waits; where the store does not take it in time, into the spill. Gives whether all
   // is on the disk.
   bool Stop();
+  // The store failed the last time, or has been silent for long.
+  bool IsHeldUp();
   // The store was silent at the end, too: the thread still waits for it.
   bool is_stuck() const { return is_stuck_; }
 
@@ -55,6 +58,8 @@ class Writer {
   void Work();
   void Write();
   bool WriteNext();
+  void SetBusy(bool busy);
+  std::optional<Clock::duration> SilentFor();
   bool Reach();
   bool KeepRest();
   void Pause(std::chrono::milliseconds time) const;
@@ -69,11 +74,12 @@ class Writer {
   Thoroughness next_opening_ = Thoroughness::kChecked;
   bool reached_ = false;
   std::atomic<bool> stopping_ = false;
-  std::atomic<Clock::duration> busy_since_{};  // zero while the store is not asked for anything
-  Clock::time_point end_{};                    // once it is stopping
-  std::mutex mutex_;
+  std::atomic<bool> failed_ = false;
+  Clock::time_point end_{};  // once it is stopping
+  std::mutex mutex_;         // of those that follow
   std::condition_variable changed_;
-  bool is_over_ = false;  // with the mutex
+  bool is_over_ = false;
+  std::optional<Clock::time_point> busy_since_;  // while the store is asked for something
   std::atomic<bool> is_stuck_ = false;
   std::atomic<bool> all_kept_ = true;
   std::thread thread_;

@@ -59,7 +59,8 @@ int RunCaptura(const Arguments& arguments, Console& console) {
 
 constexpr Operand kOperands[] = {
     {"FUENTE",
-     "NOMBRE=LAYOUT@DIRECCION. La dirección es serie:PUERTO[,9600][,8N1][,rts|xon], "
+     "NOMBRE=LAYOUT@DIRECCION; varios layouts con +, como en traduce. La dirección es "
+     "serie:PUERTO[,9600][,8N1][,rts|xon], "
      "tcp:EQUIPO:PUERTO, escucha:[EQUIPO:]PUERTO, archivo:RUTA (uno que crece) o - (la entrada "
      "estándar). Con --simula, una dirección sola, o pty.",
      1, kAnyNumber, Offers::kNothing}};
@@ -70,7 +71,9 @@ constexpr Option kOptions[] = {
      "Donde esperan las líneas que el almacén no toma. Si no se da, junto al almacén.", "",
      Offers::kFiles},
     {"--hasta-el-fin", "", "", "Termina cuando los archivos y la entrada se acaban.", ""},
-    {"--conexiones", "", "N", "Cuántas acepta a la vez una fuente que escucha. Si no se da, 8.",
+    {"--conexiones", "", "N",
+     "Cuántas atiende a la vez una fuente que escucha; con una más se cierra la que más tiempo "
+     "lleva callada. Si no se da, 8.",
      ""},
     {"--bytes-por-segundo", "", "N",
      "Cuántos se leen de una conexión de éstas; 0, sin límite. Si no se da, 1048576.", ""},
@@ -98,9 +101,11 @@ const Command kCaptura = {
     "Guarda y traduce lo que los conmutadores imprimen, mientras lo imprimen.",
     "Cada línea se guarda primero, sin cambiarla, con su fuente, su número y el momento en que "
     "llegó; lo que se hizo de ella (la llamada, o por qué no la hay) se guarda aparte y se puede "
-    "rehacer con reprocesa. Las líneas se leen con el día en que llegaron.\n\n"
+    "rehacer con reprocesa. Las líneas se leen con el día en que llegaron. Las de un encabezado "
+    "(«# clave: valor») en un archivo se guardan y no se traducen.\n\n"
     "Una conexión que se corta se intenta otra vez, con pausas cada vez mayores. Si el almacén no "
-    "puede, lo que llega espera en la memoria y después en un archivo. Un almacén dañado se aparta "
+    "puede, o no está, lo que llega espera en la memoria y después en un archivo, de donde la "
+    "próxima captura lo pasa al almacén. Un almacén dañado se aparta "
     "con otro nombre, nunca se borra. Una fuente que escucha sólo atiende a este equipo si no se "
     "dice otro. Termina con Ctrl+C, o con SIGTERM.",
     kOperands,

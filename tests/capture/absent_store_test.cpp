@@ -91,6 +91,7 @@ TEST_F(SilentStore, WhatWaitsBehindItGoesToTheDisk) {
   WriterBench::Capture capture(bench, nullptr);
   SendHalf(capture);
   EXPECT_GT(capture.backlog.waiting(), 0U);
+  EXPECT_TRUE(capture.writer.IsHeldUp());
   capture.writer.Watch();
   capture.writer.Watch();
   EXPECT_EQ(capture.backlog.waiting(), 0U);
@@ -100,6 +101,8 @@ TEST_F(SilentStore, WhatWaitsBehindItGoesToTheDisk) {
   EXPECT_TRUE(capture.writer.Stop());
   capture.writer.Watch();
   EXPECT_NE(bench.told.str().find("responde otra vez"), std::string::npos);
+  EXPECT_FALSE(capture.writer.IsHeldUp());
+  EXPECT_TRUE(capture.backlog.IsEmpty());
   bench.ExpectAll(half);
 }
 

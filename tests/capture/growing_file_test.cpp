@@ -97,8 +97,10 @@ TEST_F(GrowingFileTest, FileThatWasWrittenAnewWhileNobodyLookedIsReadFromItsBegi
 TEST_F(GrowingFileTest, LinesThatTellOfACaptureAreNoneOfThePbx) {
   Append("\xEF\xBB\xBF# fecha: 2019-01-16\n# trama: 8N1\nuno\n# dos\n");
   GrowingFile file = Open();
-  EXPECT_EQ(Lines(file), (Texts{"\xEF\xBB\xBF# fecha: 2019-01-16 (head)", "# trama: 8N1 (head)",
-                                "uno", "# dos"}));
+  EXPECT_EQ(Lines(file),
+            (Texts{"# fecha: 2019-01-16 (head)", "# trama: 8N1 (head)", "uno", "# dos"}));
+  Write("\xEF\xBB\xBFuno\n\xEF\xBB\xBF\n");
+  EXPECT_EQ(Lines(file), (Texts{"uno", "\xEF\xBB\xBF"}));
   Write("# a\n#b\n");
   EXPECT_EQ(Lines(file), (Texts{"# a (head)", "#b"}));
 }
