@@ -51,9 +51,14 @@ class Trace {
       if (number == wanted_ && verdict.IsCall()) Tell(true, block_);
       block_.clear();
     }
+    const bool fails = IsLack(verdict.reason) && !block_.empty();
+    if (fails) {
+      block_.push_back(line);
+      End(false);
+    }
     if (opens || (IsOfBlock(verdict) && !block_.empty())) {
       block_.push_back(line);
-    } else if (verdict.IsCall()) {
+    } else if (verdict.IsCall() || fails) {
       block_.clear();
     }
     if (number == wanted_ && !result_ && !(IsOfBlock(verdict) && !block_.empty())) {

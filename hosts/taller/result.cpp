@@ -76,6 +76,10 @@ Text CallText(const clsLlamadaTRD& call) {
   return text + Text(TransferOf(call.Atributos()));
 }
 
+bool IsOfMorning(emParamDatoConstante kind) {
+  return kind < emDatoCteIdentEntrante;
+}
+
 Text HeadingOf(const Traced& traced) {
   Text heading = u"Línea " + ToText(static_cast<long long>(traced.line.number));
   const Verdict& verdict = traced.line.verdict;
@@ -182,11 +186,15 @@ Text NoteOf(const Traced& traced, const layouts::Layout& layout) {
   const std::int32_t code = layout.header.Caso;
   const bool by_columns = code != emCasoNortelMeridian01 && code != emCasoNortelNorstar0x32SMDR6;
   const bool is_outgoing = traced.call.TipoLlamada() == emLlamadaSaliente;
-  if (!by_columns || !is_outgoing || traced.line.items.empty()) return {};
+  if (!by_columns || traced.line.items.empty()) return {};
   if (traced.line.verdict.reason == NoCall::kNoDigits) return {};  // none was looked for
-  const auto tells_type = [](const CTE& constant) {
-    return constant.Param >= emDatoCteIdentEntrante;
-  };
+  if (!is_outgoing) {
+    // What a call of that type needs is what is in the way.
+    const bool lacks =
+        !traced.has_call && FindTypeIdentifiers(traced.call.TipoLlamada()) != nullptr;
+    return lacks ? u"Se toma como " + CallText(traced.call) + u"." : Text();
+  }
+  const auto tells_type = [](const CTE& constant) { return !IsOfMorning(constant.Param); };
   if (std::none_of(layout.constants.begin(), layout.constants.end(), tells_type)) {
     return u"El layout no tiene constantes de tipo: se toma como saliente.";
   }
@@ -201,12 +209,19 @@ Text NoteOf(const Traced& traced, const layouts::Layout& layout) {
 
 }  // namespace
 
+bool IsLack(NoCall reason) {
+  return reason == NoCall::kNoCaller || reason == NoCall::kNoCallee || reason == NoCall::kNoDate;
+}
+
 Text SentenceOf(const Explanation::Constant& constant) {
   const Text name = NameOfConstant(constant.kind);
   const Text place = u" en " + ToText(constant.pos);
   if (constant.stands) return name + u" " + InQuotes(constant.wanted) + place + u" ✓";
-  return name + u" esperaba " + InQuotes(constant.wanted) + place + u" y encontró " +
-         (constant.found.empty() ? u"el fin de la línea" : InQuotes(constant.found));
+  const Text found = constant.found.empty() ? u"el fin de la línea" : InQuotes(constant.found);
+  if (IsOfMorning(constant.kind)) {
+    return u"Tarde: " + found + place + u" en lugar de " + InQuotes(constant.wanted);
+  }
+  return name + u" esperaba " + InQuotes(constant.wanted) + place + u" y encontró " + found;
 }
 
 Result ResultOf(const Traced& traced, const layouts::Layout& layout) {
@@ -224,7 +239,9 @@ Result ResultOf(const Traced& traced, const layouts::Layout& layout) {
   Obstacle obstacle = ObstacleOf(traced.line, traced.call, layout);
   if (!traced.block.empty() && traced.is_over &&
       traced.line.verdict.reason != NoCall::kTransferNotFound) {
-    obstacle.sentence = u"El bloque termina sin dar una llamada.";
+    const NoCall lack = traced.block.back().verdict.reason;
+    obstacle = {u"El bloque termina sin dar una llamada.", std::nullopt};
+    if (IsLack(lack)) obstacle.sentence += u" " + Text(Sentence(lack));
   }
   result.obstacle = std::move(obstacle.sentence);
   result.remedy = obstacle.remedy;

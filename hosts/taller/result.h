@@ -72,6 +72,9 @@ struct Obstacle {
 Obstacle ObstacleOf(const host::Explanation& line, const clsLlamadaTRD& call,
                     const layouts::Layout& layout);
 
+// Whether a call was read that lacks something.
+bool IsLack(NoCall reason);
+
 // What a constant that is not there is told as.
 Text SentenceOf(const host::Explanation::Constant& constant);
 

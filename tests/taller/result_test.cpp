@@ -75,10 +75,14 @@ TEST(Result, IdentifiersAreToldAsWantedAndFound) {
   EXPECT_EQ(Constant(in, emDatoCteIdentEntranteInicioTransferida).sentence,
             u"Inicio \"TR\" en 78 ✓");
   EXPECT_EQ(Constant(in, emDatoCteIdentEntrante).part, (LinePart{1, 27, 3}));
+  EXPECT_EQ(in.constants[0].sentence, u"Mañana \"AM\" en 15 ✓");
   const Result out = Explain(test::kOut, 1);
   EXPECT_EQ(Constant(out, emDatoCteIdentEntrante).sentence,
             u"Entrante esperaba \"<I>\" en 27 y encontró \"180\"");
   EXPECT_FALSE(Constant(out, emDatoCteIdentEntrante).stands);
+  std::string late = test::kIn;
+  late[15 - 1] = 'P';
+  EXPECT_EQ(Explain(late, 1).constants[0].sentence, u"Tarde: \"PM\" en 15 en lugar de \"AM\"");
 }
 
 TEST(Result, ALineWithoutACallIsToldWhatIsInItsWay) {
@@ -87,6 +91,7 @@ TEST(Result, ALineWithoutACallIsToldWhatIsInItsWay) {
   EXPECT_EQ(log.obstacle,
             u"Falta el emisor. El layout no dice en qué columnas está: Troncal1InterTroncal.");
   EXPECT_EQ(log.remedy, SlotKind(emParamTroncal1InterTroncal));
+  EXPECT_EQ(log.note, u"Se toma como llamada entre troncales.");
 
   layouts::Layout layout = test::Kx();
   layout.constants.clear();
@@ -176,6 +181,20 @@ TEST(Result, ABlockOfNoCallSaysSo) {
   EXPECT_EQ(result.obstacle, u"El bloque termina sin dar una llamada.");
 }
 
+// Its parties are not where the layout has those of an incoming call: no item is to blame.
+TEST(Result, ABlockThatLacksAPartyIsToldByWhatItLacks) {
+  const std::string capture =
+      "-------- 04/11/97 09:41:11             STN = 7344\r\n"
+      "00:00:00   INCOMING CALL    RINGING 0:06\r\n" +
+      test::kBlockEnd;
+  for (const std::uint64_t line : {1U, 2U, 3U}) {
+    const Result result = Explain(capture, line, test::Norstar());
+    EXPECT_FALSE(result.has_call);
+    EXPECT_EQ(result.obstacle, u"El bloque termina sin dar una llamada. Falta el emisor.");
+    EXPECT_EQ(result.remedy, std::nullopt);
+  }
+}
+
 TEST(Result, TheHeadOfACaptureIsNoLine) {
   EXPECT_EQ(Explain("# fecha: 2019-01-16\n" + test::kIn, 1).heading,
             u"Línea 1: dice cómo se tomó la captura");
@@ -199,7 +218,7 @@ TEST(Result, SaysOfEveryLineOfEverySwitchWhatItsVerdictSays) {
     CaptureText text(bytes);
     while (text.Step()) {
     }
-    for (std::uint64_t line = 1; line <= text.lines(); line += line < 60 ? 1 : 13) {
+    for (std::uint64_t line = 1; line <= text.lines(); line += line < 40 ? 1 : 23) {
       const Result result =
           Explainer(clock).Explain(text, *layout, line, verdicts.RestBefore(line));
       const LineKind kind = verdicts.Of(line);
