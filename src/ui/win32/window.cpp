@@ -92,7 +92,7 @@ HWND Window::AddControl(const wchar_t* window_class, TextView text, DWORD style,
 
 SIZE Window::OuterOf(SIZE client) const {
   RECT outer{0, 0, client.cx, client.cy};
-  AdjustWindowRectEx(&outer, WS_OVERLAPPEDWINDOW, FALSE, WS_EX_CONTROLPARENT);
+  AdjustWindowRectEx(&outer, WS_OVERLAPPEDWINDOW, GetMenu(handle_) != nullptr, WS_EX_CONTROLPARENT);
   return SizeOf(outer);
 }
 
