@@ -42,9 +42,12 @@ bool HasMark(HWND control) {
   return IsButtonOfType(control, {BS_RADIOBUTTON, BS_AUTORADIOBUTTON});
 }
 
+// What a control consists of is its own business.
 std::vector<HWND> ShownIn(HWND window) {
   std::vector<HWND> shown = ChildrenOf(window);
-  std::erase_if(shown, [](HWND control) { return !IsShown(control); });
+  std::erase_if(shown, [window](HWND control) {
+    return !IsShown(control) || GetAncestor(control, GA_PARENT) != window;
+  });
   return shown;
 }
 
@@ -234,6 +237,13 @@ std::vector<std::string> FlawsOf(HWND window, UINT dpi) {
     const Flaws found = rule(window, dpi);
     flaws.insert(flaws.end(), found.begin(), found.end());
   }
+  return flaws;
+}
+
+std::vector<std::string> MisplacedOf(HWND window) {
+  Flaws flaws = Beyond(window, 0);
+  const Flaws overlapping = Overlapping(window, 0);
+  flaws.insert(flaws.end(), overlapping.begin(), overlapping.end());
   return flaws;
 }
 

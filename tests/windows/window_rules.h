@@ -14,6 +14,9 @@ namespace conmuta::test {
 // belong. `dpi` is the resolution that the window is shown at.
 std::vector<std::string> FlawsOf(HWND window, UINT dpi);
 
+// Controls over each other, beyond the window or without room.
+std::vector<std::string> MisplacedOf(HWND window);
+
 // The texts of labels, buttons and fields that their controls are too small for.
 std::vector<std::string> ClippedTextsOf(HWND window);
 
