@@ -51,7 +51,9 @@ TEST(PlainText, IsNarrowedWhateverItsSize) {
   for (std::size_t size = 0; size <= 30; ++size) {
     const Text text = all.substr(0, size);
     EXPECT_EQ(Plain<30>(text), std::string(text.begin(), text.end()));
-    if (size <= 10) EXPECT_EQ(Plain<10>(text), std::string(text.begin(), text.end()));
+    if (size <= 10) {
+      EXPECT_EQ(Plain<10>(text), std::string(text.begin(), text.end()));
+    }
   }
 }
 
