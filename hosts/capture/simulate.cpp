@@ -117,7 +117,10 @@ int Simulate(const SimulateOptions& options, std::ostream& err) {
     if (can_send) return PlayTo(*address, bytes, speed, messages);
     PseudoTerminal terminal;
     messages.Tell("la línea es " + terminal.name());
-    return Play(bytes, speed, [&](std::string_view piece) { return terminal.Write(piece); });
+    const int code =
+        Play(bytes, speed, [&](std::string_view piece) { return terminal.Write(piece); });
+    terminal.AwaitRead();
+    return code;
   } catch (const std::system_error& error) {
     messages.Tell(options.to + ": " + SystemText(error.code()));
     return kFailed;

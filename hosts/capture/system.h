@@ -88,6 +88,8 @@ class PseudoTerminal {
   const std::string& name() const { return name_; }
   // Waits until all is written; false when the other end is gone.
   bool Write(std::string_view bytes) const;
+  // Waits while the other end reads what was written: it is lost when this one is closed.
+  void AwaitRead() const;
 
  private:
   int file_ = -1;

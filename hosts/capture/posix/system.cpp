@@ -118,4 +118,23 @@ bool PseudoTerminal::Write(std::string_view bytes) const {
   return true;
 }
 
+void PseudoTerminal::AwaitRead() const {
+  constexpr timespec kPause{0, 20'000'000};
+  constexpr int kMostPauses = 100;  // in which nobody reads
+  constexpr int kSettled = 3;       // what was written shows on the other side a moment later
+  const int port = open(name_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+  if (port < 0) return;
+  int left = 0;
+  int before = 0;
+  int empty = 0;
+  for (int idle = 0; idle < kMostPauses && empty < kSettled && ioctl(port, FIONREAD, &left) == 0;
+       ++idle) {
+    empty = left == 0 ? empty + 1 : 0;
+    if (left != before) idle = 0;
+    before = left;
+    nanosleep(&kPause, nullptr);
+  }
+  close(port);
+}
+
 }  // namespace conmuta::capture

@@ -120,4 +120,6 @@ bool PseudoTerminal::Write(std::string_view) const {
   return false;
 }
 
+void PseudoTerminal::AwaitRead() const {}
+
 }  // namespace conmuta::capture
