@@ -56,6 +56,8 @@ class Database {
   virtual std::string BytesType() const = 0;
   // Whether this one may write lines of a source: nobody else may then, until this is closed.
   virtual bool Claim(std::int64_t source) = 0;
+  // What the present transaction does may take as long as it likes.
+  virtual void AllowLongWork() {}
   // Rolls back what is open, if anything; never throws.
   virtual void Rollback() noexcept = 0;
 };

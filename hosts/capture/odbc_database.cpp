@@ -236,10 +236,11 @@ class OdbcDatabase final : public Database {
     connection_.Check(SQLDriverConnectW(connection_.get(), nullptr, Wide(text),
                                         static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr,
                                         SQL_DRIVER_NOPROMPT));
-    if (access == Access::kReadOnly) {
-      Run("SET SESSION CHARACTERISTICS AS TRANSACTION ISOLATION LEVEL REPEATABLE READ");
-    } else {
-      for (const char* limit : kServerLimits) Run(limit);
+    try {
+      Limit(access);
+    } catch (...) {  // the server would keep a session whose handle is gone
+      SQLDisconnect(connection_.get());
+      throw;
     }
   }
   ~OdbcDatabase() override {
@@ -261,6 +262,7 @@ class OdbcDatabase final : public Database {
     statement.Check(
         SQLExecDirectW(statement.get(), Wide(text), static_cast<SQLINTEGER>(text.size())));
   }
+  void AllowLongWork() override { Run("SET LOCAL statement_timeout = 0"); }
   void Rollback() noexcept override { SQLEndTran(SQL_HANDLE_DBC, connection_.get(), SQL_ROLLBACK); }
   std::string BytesType() const override { return "BYTEA"; }
   // The session's: a server that notices that a client is gone lets go.
@@ -274,6 +276,13 @@ class OdbcDatabase final : public Database {
   }
 
  private:
+  void Limit(Access access) {
+    if (access == Access::kReadOnly) {
+      Run("SET SESSION CHARACTERISTICS AS TRANSACTION ISOLATION LEVEL REPEATABLE READ");
+    } else {
+      for (const char* limit : kServerLimits) Run(limit);
+    }
+  }
   void Commit() const {
     connection_.Check(SQLEndTran(SQL_HANDLE_DBC, connection_.get(), SQL_COMMIT));
     SetAutocommit(true);

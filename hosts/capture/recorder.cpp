@@ -23,12 +23,14 @@ void Recorder::Open(Thoroughness thoroughness) {
   if (store_ != nullptr) return;
   auto store = std::make_unique<Store>(open_(thoroughness), SchemaUse::kWrite);
   for (Source& source : sources_) {
-    source.row = store->Source(source.layout.name);
-    source.row.layout = source.layout.layout;
-    if (!store->Claim(source.row.id)) {
+    const std::int64_t id = store->Source(source.layout.name).id;
+    if (!store->Claim(id)) {
       throw StoreError(StoreError::Kind::kInUse,
                        "otro conmuta guarda la fuente " + source.layout.name + ": deténgalo");
     }
+    // Nobody else writes it now.
+    source.row = store->Source(source.layout.name);
+    source.row.layout = source.layout.layout;
     source.stands = false;
   }
   store_ = std::move(store);
@@ -113,6 +115,7 @@ void Recorder::CatchUp() {
 
 void Recorder::TranslateAnew() {
   InTransaction([&] {
+    store_->AllowLongWork();
     for (Source& source : sources_) {
       store_->Forget(source.row);
       source.row.concluded = 0;

@@ -86,7 +86,7 @@ class SerialSource final : public Source {
       quality_.Take({room_.data(), count});
       inlet_.Take({room_.data(), count});
     }
-    if (!error) return Read();
+    if (!error && !is_cancelled_) return Read();
     std::error_code ignored;
     port_.close(ignored);
     inlet_.Break();
@@ -97,6 +97,7 @@ class SerialSource final : public Source {
 
   // What is being read may have come already: it is heard of, then the port is closed.
   void Cancel() {
+    is_cancelled_ = true;
     std::error_code ignored;
     if (port_.is_open()) port_.cancel(ignored);
   }
@@ -125,6 +126,7 @@ class SerialSource final : public Source {
   int openings_ = 0;
   bool stopped_ = false;
   bool is_reading_ = false;
+  bool is_cancelled_ = false;
   bool came_ = false;
   std::array<char, 4096> room_;
 };

@@ -1,6 +1,17 @@
 #include "capture/spill.h"
 
 namespace conmuta::capture {
+namespace {
+
+// Which part of the spill is a source's: captures of several may share one. (FNV-1a; what is
+// claimed has 62 bits.)
+std::int64_t PartOf(const std::string& source) {
+  std::uint64_t hash = 0xCBF29CE484222325;
+  for (const char c : source) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
+  return static_cast<std::int64_t>(hash >> 2);
+}
+
+}  // namespace
 
 Spill::Spill(std::vector<std::string> sources, std::vector<std::int64_t> taken,
              std::unique_ptr<Database> database)
@@ -8,6 +19,12 @@ Spill::Spill(std::vector<std::string> sources, std::vector<std::int64_t> taken,
       taken_(std::move(taken)),
       database_(std::move(database)),
       ends_(names_.size()) {
+  for (const std::string& name : names_) {
+    if (!database_->Claim(PartOf(name))) {
+      throw StoreError(StoreError::Kind::kInUse, "otro conmuta derrama ahí la fuente " + name +
+                                                     ": dé otro archivo con --derrame");
+    }
+  }
   database_->Run(
       "CREATE TABLE IF NOT EXISTS derrame(fuente TEXT NOT NULL, numero BIGINT NOT NULL, "
       "momento BIGINT NOT NULL, estado BIGINT NOT NULL, bytes BLOB NOT NULL, lugar TEXT NOT NULL, "
@@ -15,6 +32,7 @@ Spill::Spill(std::vector<std::string> sources, std::vector<std::int64_t> taken,
   add_ = database_->Prepare(
       "INSERT INTO derrame(fuente, numero, momento, estado, bytes, lugar) "
       "VALUES(?, ?, ?, ?, ?, ?) ON CONFLICT DO NOTHING");
+  same_ = database_->Prepare("SELECT momento, bytes FROM derrame WHERE fuente = ? AND numero = ?");
   first_ = database_->Prepare(
       "SELECT numero, momento, estado, bytes, lugar FROM derrame "
       "WHERE fuente = ? AND numero > ? ORDER BY numero LIMIT ?");
@@ -78,10 +96,24 @@ void Spill::Add(std::span<const Arrival> lines) {
       add_->Bind(3, static_cast<std::int64_t>(arrival.line.wholeness));
       add_->BindBytes(4, arrival.line.bytes);
       add_->BindText(5, arrival.line.place);
-      added += add_->Run();
+      const std::int64_t rows = add_->Run();
+      if (rows == 0 && !Holds(arrival)) {
+        throw StoreError(StoreError::Kind::kFailed,
+                         "tiene ya otras líneas de la fuente " + names_[arrival.source]);
+      }
+      added += rows;
     }
   });
   count_ += added;
+}
+
+bool Spill::Holds(const Arrival& arrival) {
+  same_->BindText(0, names_[arrival.source]);
+  same_->Bind(1, arrival.line.number);
+  const bool holds = same_->Step() && same_->Number(0) == arrival.line.time_ms &&
+                     same_->Bytes(1) == arrival.line.bytes;
+  same_->Reset();
+  return holds;
 }
 
 std::vector<Arrival> Spill::First(std::size_t count) {

@@ -15,10 +15,12 @@ namespace conmuta::capture {
 class Spill {
  public:
   // Of each source lines up to the number in `taken` are done with, whether they are there or not.
+  // kInUse while another capture spills lines of one of the sources there.
   Spill(std::vector<std::string> sources, std::vector<std::int64_t> taken,
         std::unique_ptr<Database> database);
 
-  // All of them or none; those that are there already change nothing.
+  // All of them or none; those that are there already change nothing, others in their places are
+  // a StoreError.
   void Add(std::span<const Arrival> lines);
 
   // At most so many, those of one source in the order of their numbers.
@@ -42,6 +44,8 @@ class Spill {
   template <class Work>
   void InTransaction(Work work);
 
+  bool Holds(const Arrival& arrival);
+
   struct Ends {
     Received numbered;
     std::int64_t unnumbered = kUnnumbered;
@@ -51,7 +55,7 @@ class Spill {
   std::vector<std::string> names_;
   std::vector<std::int64_t> taken_;
   std::unique_ptr<Database> database_;
-  std::unique_ptr<Statement> add_, first_, remove_;
+  std::unique_ptr<Statement> add_, same_, first_, remove_;
   std::vector<Ends> ends_;
   std::int64_t count_ = 0;
 };

@@ -66,6 +66,7 @@ class Store {
 
   // Whether this one may write lines of the source: nobody else may then.
   bool Claim(std::int64_t source) { return database_->Claim(source); }
+  void AllowLongWork() { database_->AllowLongWork(); }
 
   // False when the line is there already; another one of its number is a StoreError, for then
   // somebody else keeps lines of this source.

@@ -63,13 +63,25 @@ class Connection : public std::enable_shared_from_this<Connection> {
     socket_.close(ignored);
   }
 
+  // Takes what the system has already: the sender was told that it came.
+  void Drop() {
+    constexpr int kMostReads = 64;
+    std::error_code error;
+    socket_.non_blocking(true, error);
+    for (int i = 0; i < kMostReads && !is_reading_ && !error; ++i) {
+      const std::size_t count = socket_.read_some(asio::buffer(room_), error);
+      if (count > 0) Take({room_.data(), count});
+    }
+    Close();
+  }
+
   Clock::time_point heard_last() const { return heard_last_; }
 
  private:
   void Took(const std::error_code& error, std::size_t count) {
     is_reading_ = false;
     if (count > 0) Take({room_.data(), count});
-    if (!error && socket_.is_open()) return Read();
+    if (!error && socket_.is_open() && !is_cancelled_) return Read();
     const bool was_closed = !socket_.is_open();
     Close();
     if (stopped_) return stopped_();
@@ -84,6 +96,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   }
   // What is being read may have come already: it is heard of, then the connection is closed.
   void Cancel() {
+    is_cancelled_ = true;
     std::error_code ignored;
     if (socket_.is_open()) socket_.cancel(ignored);
   }
@@ -106,6 +119,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   ConnectionEvents events_;
   std::function<void()> stopped_;  // once it is to end
   bool is_reading_ = false;
+  bool is_cancelled_ = false;
   bool came_ = false;
   std::size_t in_this_second_ = 0;
   Clock::time_point second_{};
@@ -266,8 +280,9 @@ class TcpServer final : public Source {
     crowd_.Tell(context_.name + ": ya hay " + std::to_string(connections_.size()) +
                 " conexiones; se cierra la que más tiempo lleva callada");
     context_.backlog.Count(context_.index, Incident::kConnectionDropped, 1);
-    (*silent)->Close();
+    const auto dropped = *silent;
     connections_.erase(silent);
+    dropped->Drop();
   }
 
   const SourceContext context_;

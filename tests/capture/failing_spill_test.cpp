@@ -85,7 +85,7 @@ TEST_F(FailingSpill, IsTriedAgainLaterAndAtTheEnd) {
 
 // Lines that are in the store already need not come again because their room cannot be given back.
 TEST_F(FailingSpill, ThatCannotBeEmptiedLetsLinesPass) {
-  const auto backlog = MakeBacklog(0);
+  auto backlog = MakeBacklog(0);
   Put(*backlog, 3);
   EXPECT_TRUE(backlog->SpillAll());
   Put(*backlog, 1);
@@ -100,7 +100,22 @@ TEST_F(FailingSpill, ThatCannotBeEmptiedLetsLinesPass) {
   EXPECT_TRUE(backlog->SpillAll());
   EXPECT_EQ(FirstNumber(*backlog), 5);
   backlog->Done();
+  backlog.reset();
   EXPECT_EQ(MakeBacklog(5)->spilled(), 0);
+}
+
+TEST_F(FailingSpill, OfAnotherCaptureWithTheSameSourceIsLeftAlone) {
+  const auto backlog = MakeBacklog(0);
+  Put(*backlog, 1);
+  EXPECT_TRUE(backlog->SpillAll());
+  Backlog other({"centro"}, bench.open_spill, bench.memory, bench.messages,
+                [] { return test::kReceived; });
+  EXPECT_FALSE(other.ContinueFrom(0, 0, {}));
+  Put(other, 1);
+  EXPECT_FALSE(other.SpillAll());
+  EXPECT_EQ(other.waiting(), 1);
+  EXPECT_TRUE(IsTold("otro conmuta derrama ahí la fuente centro: dé otro archivo con --derrame"));
+  EXPECT_EQ(FirstNumber(*backlog), 1);
 }
 
 TEST_F(FailingSpill, ThatCannotBeReadIsNotOvertaken) {
