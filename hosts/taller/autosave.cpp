@@ -20,14 +20,10 @@ Messages Autosave::Keep(const Document& document) {
   const fs::path copy = PathOf(document.path());
   if (copy == kept_path_ && kept_revision_ == document.revision() && document.IsModified())
     return {};
+  // One of a document that got its name meanwhile is of no use any more.
+  if (!kept_path_.empty() && (copy != kept_path_ || !document.IsModified())) RemoveKept();
+  if (!document.IsModified()) return {};
   try {
-    // One of a document that got its name meanwhile is of no use any more.
-    if (!kept_path_.empty() && (copy != kept_path_ || !document.IsModified())) {
-      disk_.Remove(kept_path_);
-      kept_path_.clear();
-      kept_revision_.reset();
-    }
-    if (!document.IsModified()) return {};
     disk_.Write(copy, document.toml());
   } catch (const host::UserError& error) {
     return {MessageOf(error.what())};
@@ -55,12 +51,18 @@ Messages Autosave::Restore(Document& document) {
 }
 
 void Autosave::Discard(const fs::path& path) {
+  if (kept_path_.empty() || kept_path_ != PathOf(path)) return;
+  RemoveKept();
+}
+
+void Autosave::RemoveKept() {
   try {
-    disk_.Remove(PathOf(path));
+    disk_.Remove(kept_path_);
   } catch (const host::UserError&) {
     // It will be offered again.
   }
-  if (kept_path_ == PathOf(path)) kept_path_.clear(), kept_revision_.reset();
+  kept_path_.clear();
+  kept_revision_.reset();
 }
 
 }  // namespace conmuta::taller

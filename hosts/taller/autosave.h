@@ -25,10 +25,12 @@ class Autosave {
   // Puts the copy into the document that was opened from that path, as a change that can be undone.
   [[nodiscard]] Messages Restore(Document& document);
 
-  // The person does not want the copy, or ends the program knowing what is lost.
+  // The person does not want the copy that this one wrote or restored, or ends the program knowing
+  // what is lost. Another one's stays: it may be that of a window that is still open.
   void Discard(const std::filesystem::path& path);
 
  private:
+  void RemoveKept();
   std::filesystem::path PathOf(const std::filesystem::path& document) const;
 
   Disk& disk_;

@@ -124,7 +124,8 @@ Result Explainer::Explain(const CaptureText& text, const layouts::Layout& layout
     trace.Take(number, wide);
   };
   std::string room(std::size_t{1} << 14, '\0');
-  while (!trace.result() && number < line + kMostBehind) {
+  const std::uint64_t begin = offset;
+  while (!trace.result() && number < line + kMostBehind && offset - begin < kMostBytes) {
     const std::size_t count = text.bytes()->Read(offset, room);
     lines.Take(std::string_view(room).substr(0, count), take);
     offset += count;

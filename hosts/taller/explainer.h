@@ -13,6 +13,7 @@ class Explainer {
   // Of the lines before and behind, so many at most: a few milliseconds' work.
   static constexpr std::uint64_t kMostBefore = 4096;
   static constexpr std::uint64_t kMostBehind = 512;
+  static constexpr std::uint64_t kMostBytes = std::uint64_t{4} << 20;  // where lines do not end
 
   // The clock must live as long.
   explicit Explainer(const Clock& clock) : clock_(clock) {}

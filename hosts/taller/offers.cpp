@@ -152,8 +152,13 @@ std::vector<Offer> Matching(const std::vector<Offer>& offers, TextView typed) {
 Messages Choose(Document& document, const SlotKind& kind, const Marked& marked, TextView line) {
   const auto pos = static_cast<std::uint8_t>(marked.pos);
   if (const auto* item = std::get_if<emParamDato>(&kind)) {
+    // One that is there already keeps its type.
+    emTipoDato type = emValorNumerico;
+    for (const DATO& present : document.layout().items) {
+      if (present.Param == *item) type = present.TipoDato;
+    }
     return document.Apply(
-        layouts::SetItem{{*item, emValorNumerico, pos, static_cast<std::uint8_t>(marked.size)}});
+        layouts::SetItem{{*item, type, pos, static_cast<std::uint8_t>(marked.size)}});
   }
   return ChangeConstant(document, std::get<emParamDatoConstante>(kind), pos,
                         MarkedText(marked, line));

@@ -34,7 +34,9 @@ Workbench::Workbench(Disk& disk, const Clock& clock, std::filesystem::path folde
 
 Messages Workbench::OpenCapture(const std::filesystem::path& path) {
   try {
-    Show(std::make_shared<FileBytes>(path), path);
+    auto file = std::make_shared<FileBytes>(path);
+    Show(file, path);
+    capture_file_ = std::move(file);
   } catch (const host::UserError& error) {
     return {MessageOf(error.what())};
   }
@@ -42,7 +44,21 @@ Messages Workbench::OpenCapture(const std::filesystem::path& path) {
 }
 
 void Workbench::PasteCapture(std::string bytes) {
+  capture_file_.reset();
   Show(std::make_shared<MemoryBytes>(MemoryBytes::Kind::kPasted, std::move(bytes)), {});
+}
+
+bool Workbench::LookAtCapture() {
+  if (!capture_file_) return false;
+  const FileBytes::Change change = capture_file_->Look();
+  if (change == FileBytes::Change::kNone || change == FileBytes::Change::kGone) return false;
+  const Selection kept = selection_;
+  if (!OpenCapture(capture_path_).empty()) return false;
+  while (lines() <= kept.caret().line && CountLines()) {
+  }
+  selection_ = kept;
+  selection_.SetLines(lines());
+  return true;
 }
 
 void Workbench::Show(std::shared_ptr<const CaptureBytes> bytes, std::filesystem::path path) {

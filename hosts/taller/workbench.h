@@ -47,6 +47,8 @@ class Workbench {
   const std::filesystem::path& capture_path() const { return capture_path_; }
   [[nodiscard]] Messages OpenCapture(const std::filesystem::path& path);
   void PasteCapture(std::string bytes);
+  // Opens the capture's file anew where it has changed; whether it had. The caret stays.
+  bool LookAtCapture();
   // Counts some more of its lines; whether there are more.
   bool CountLines();
   std::uint64_t lines() const { return capture_ ? capture_->lines() : 0; }
@@ -89,6 +91,7 @@ class Workbench {
   const std::filesystem::path folder_;
   Document document_;
   std::unique_ptr<CaptureText> capture_;
+  std::shared_ptr<FileBytes> capture_file_;  // none for one that was pasted
   std::filesystem::path capture_path_;
   Selection selection_;
   RecentFiles recent_;

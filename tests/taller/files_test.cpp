@@ -110,6 +110,16 @@ TEST_F(AutosaveTest, TheCopyGoesWithTheNeedForIt) {
   EXPECT_FALSE(autosave.HasCopyOf("b.toml")) << "not wanted";
 }
 
+TEST_F(AutosaveTest, LeavesTheCopyOfAnotherWindowAlone) {
+  Document document;
+  Autosave autosave(disk_, "datos");
+  ASSERT_EQ(document.Apply(Model(u"a")), Messages());
+  ASSERT_EQ(autosave.Keep(document), Messages());
+  Autosave other(disk_, "datos");
+  other.Discard({});
+  EXPECT_TRUE(autosave.HasCopyOf({}));
+}
+
 TEST_F(AutosaveTest, WritesOnlyWhatIsNew) {
   Document document;
   Autosave autosave(disk_, "datos");

@@ -4,9 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
+#include <fstream>
 
 #include "map_disk.h"
 #include "support/fake_clock.h"
+#include "support/temporary_folder.h"
 
 namespace conmuta::taller {
 namespace {
@@ -45,6 +48,38 @@ TEST_F(WorkbenchTest, CaptureThatCannotBeReadLeavesTheOneThatIsThere) {
   bench_.PasteCapture(std::string(kThreeLines));
   EXPECT_FALSE(bench_.OpenCapture("no/hay/tal.txt").empty());
   EXPECT_EQ(bench_.lines(), 3u);
+}
+
+TEST_F(WorkbenchTest, CaptureThatChangesIsReadAnewWhereTheCaretStands) {
+  const test::TemporaryFolder folder;
+  const auto path = folder.path() / "captura.txt";
+  const auto write = [&](std::string_view text) { std::ofstream(path, std::ios::binary) << text; };
+  write(kThreeLines);
+  ASSERT_TRUE(bench_.OpenCapture(path).empty());
+  bench_.selection().Move(1, 5);
+  EXPECT_FALSE(bench_.LookAtCapture());
+  write(std::string(kThreeLines) + "01/16/19 10:00AM 1201 02\r\n");
+  EXPECT_TRUE(bench_.LookAtCapture());
+  EXPECT_EQ(bench_.lines(), 4u);
+  EXPECT_EQ(bench_.selection().caret(), (Caret{3, 6}));
+  EXPECT_FALSE(bench_.LookAtCapture());
+  write("01/17/19 11:00AM 1202 04\r\n");
+  EXPECT_TRUE(bench_.LookAtCapture());
+  EXPECT_EQ(bench_.lines(), 1u);
+  EXPECT_EQ(bench_.LineAt(1).text, u"01/17/19 11:00AM 1202 04");
+  std::filesystem::remove(path);
+  EXPECT_FALSE(bench_.LookAtCapture());
+  EXPECT_EQ(bench_.lines(), 1u);
+}
+
+TEST_F(WorkbenchTest, ItemThatIsMarkedAgainKeepsItsType) {
+  bench_.PasteCapture(std::string(kThreeLines));
+  const layouts::SetItem text{{emParamCodigoCuenta, emValorCadena, 1, 2}};
+  ASSERT_TRUE(bench_.document().Apply(text).empty());
+  Choose(4, 3, emParamCodigoCuenta);
+  ASSERT_EQ(bench_.document().layout().items.size(), 1u);
+  EXPECT_EQ(bench_.document().layout().items[0].TipoDato, emValorCadena);
+  EXPECT_EQ(bench_.document().layout().items[0].Pos, 4);
 }
 
 TEST_F(WorkbenchTest, MarkedColumnsAreOfferedByWhatStandsInThem) {

@@ -31,7 +31,12 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) {
     conmuta::taller::MainWindow window(disk, conmuta::SystemPlatform().clock, OwnFolder());
     int count = 0;
     wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-    for (int i = 1; i < count; ++i) window.OpenAny(arguments[i]);
+    for (int i = 1; i < count; ++i) {
+      // The next run may begin in another folder.
+      std::error_code error;
+      const auto path = std::filesystem::absolute(arguments[i], error);
+      window.OpenAny(error ? std::filesystem::path(arguments[i]) : path);
+    }
     LocalFree(arguments);
     window.RunModal();
     return 0;

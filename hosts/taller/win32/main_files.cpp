@@ -43,6 +43,7 @@ void MainWindow::PasteCapture() {
   if (bytes.empty()) return Tell(Text(u"El portapapeles no tiene texto."));
   bench_.PasteCapture(std::move(bytes));
   settings_.capture.clear();
+  KeepSettings();
   Tell(Text());
   SetTimer(handle(), kCountTimer, USER_TIMER_MINIMUM, nullptr);
   Refresh();
@@ -66,12 +67,17 @@ void MainWindow::NewLayout() {
   if (!MayLeaveLayout()) return;
   bench_.document().New();
   settings_.layout.clear();
+  KeepSettings();
   Refresh();
 }
 
 void MainWindow::AskAndOpenLayout() {
   if (!MayLeaveLayout()) return;
-  if (const auto path = AskForLayout(handle())) OpenLayout(*path);
+  const auto path = AskForLayout(handle());
+  if (!path) return;
+  // While a person chose, what is not wanted was kept again.
+  bench_.autosave().Discard(bench_.document().path());
+  OpenLayout(*path);
 }
 
 void MainWindow::OpenAny(const std::filesystem::path& path) {

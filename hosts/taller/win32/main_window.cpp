@@ -275,8 +275,9 @@ bool MainWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& 
       return true;
     }
     case WM_QUERYENDSESSION:
-      if (!bench_.autosave().Keep(bench_.document()).empty()) return false;
-      result = TRUE;
+      // Nobody ends a session over changes that cannot even be kept.
+      result = static_cast<LRESULT>(bench_.autosave().Keep(bench_.document()).empty() ||
+                                    !bench_.document().IsModified());
       return true;
     default:
       return false;
@@ -285,7 +286,13 @@ bool MainWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& 
 
 void MainWindow::OnTimer(WPARAM timer) {
   if (timer == kKeepTimer) {
-    if (const Messages said = bench_.autosave().Keep(bench_.document()); !said.empty()) Tell(said);
+    const Messages said = bench_.autosave().Keep(bench_.document());
+    // Once, or it would wipe away what else is said.
+    if (!said.empty() && !is_keep_told_) Tell(said);
+    is_keep_told_ = !said.empty();
+    if (!bench_.LookAtCapture()) return;
+    SetTimer(handle(), kCountTimer, USER_TIMER_MINIMUM, nullptr);
+    Refresh();
     return;
   }
   const ULONGLONG end = GetTickCount64() + kCountFor;

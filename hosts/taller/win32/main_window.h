@@ -102,8 +102,9 @@ class MainWindow final : public win32::Window {
   Splitter down_{Splitter::Direction::kDown};
   HMENU menu_ = nullptr;
   HACCEL keys_ = nullptr;
-  HANDLE running_ = nullptr;  // tells other runs that this one goes on
-  bool is_first_ = true;      // none other was running
+  HANDLE running_ = nullptr;   // tells other runs that this one goes on
+  bool is_first_ = true;       // none other was running
+  bool is_keep_told_ = false;  // that what is not saved cannot be kept
   Text said_;
   std::optional<std::size_t> shown_revision_;
   std::vector<LineKind> reasons_;  // of the menu that is open
