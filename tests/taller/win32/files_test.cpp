@@ -23,6 +23,16 @@ void ChangeBrand(const Shop& shop, TextView brand) {
   shop.host().Rest();
 }
 
+// A capture with its own layout, whose lines all have their verdicts.
+void OpenJudged(const Shop& shop) {
+  shop.OpenCapture(kKx);
+  shop.See([](MainWindow& main) {
+    main.OpenAny(SwitchFile("panasonic-kx", "layout.toml"));
+    return 0;
+  });
+  shop.WaitForVerdicts();
+}
+
 TEST_F(WorkshopTest, DataOfTheSwitchAreChangedAsOneStep) {
   Work([](const Shop& shop) {
     ChangeBrand(shop, u"ACME & Cía.");
@@ -206,12 +216,7 @@ TEST_F(WorkshopTest, ReportOpensOnTheLayout) {
 
 TEST_F(WorkshopTest, NextAndPreviousLinesOfACounterAreGoneTo) {
   Work([](const Shop& shop) {
-    shop.OpenCapture(kKx);
-    shop.See([](MainWindow& main) {
-      main.OpenAny(SwitchFile("panasonic-kx", "layout.toml"));
-      return 0;
-    });
-    shop.WaitForVerdicts();
+    OpenJudged(shop);
     const auto kind_here = [&] {
       return shop.See([](MainWindow& main) {
         return main.bench().verdicts().Of(main.bench().selection().caret().line);
@@ -234,12 +239,7 @@ TEST_F(WorkshopTest, NextAndPreviousLinesOfACounterAreGoneTo) {
 
 TEST_F(WorkshopTest, FiguresUnfoldIntoReasonsThatLeadToTheirLines) {
   Work([](const Shop& shop) {
-    shop.OpenCapture(kKx);
-    shop.See([](MainWindow& main) {
-      main.OpenAny(SwitchFile("panasonic-kx", "layout.toml"));
-      return 0;
-    });
-    shop.WaitForVerdicts();
+    OpenJudged(shop);
     shop.Command(kShowReasons);
     shop.person().Key(VK_DOWN);
     shop.person().Key(VK_DOWN);  // incoming ones
