@@ -54,6 +54,21 @@ TEST(TcpServer, DropsWhoWasSilentLongestWhenThereAreTooMany) {
   EXPECT_NE(bench.told.str().find("más tiempo lleva callada"), std::string::npos);
 }
 
+TEST(TcpServer, KeepsWhatTheSystemHasOfAConnectionThatIsDropped) {
+  SourceBench bench;
+  bench.limits.connections = 1;
+  bench.limits.bytes_a_second = 10;
+  bench.Start("escucha:0");
+  Peer first, second;
+  first.Call(bench.port);
+  first.Send("123456789\nuno\ndos\n");
+  bench.AwaitLines(1);  // and then it may not read on
+  second.Call(bench.port);
+  first.AwaitEnd();
+  bench.AwaitLines(3);
+  EXPECT_EQ(bench.Lines(), (Texts{"123456789", "uno", "dos"}));
+}
+
 TEST(TcpServer, ReadsNoFasterThanItMay) {
   SourceBench bench;
   bench.limits.bytes_a_second = 1000;
